@@ -1,0 +1,18 @@
+#pragma once
+
+namespace quarvelle {
+
+/// The turn of the user-interface event queue that long operations give away.
+class EventQueue {
+public:
+    virtual ~EventQueue() = default;
+
+    /// Handles the events that are pending and returns; called once a pass of every long loop. Any field of
+    /// the program state that a handler writes may have changed afterwards.
+    virtual void yield() = 0;
+
+    /// Like `yield`, but sleeps until there is an event where none is pending.
+    virtual void wait() = 0;
+};
+
+} // namespace quarvelle

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <array>
+
+#include "engine/ProgramState.h"
+
+namespace quarvelle {
+
+/// A move on the square, or an offset from a cell, in cells.
+struct Step {
+    int row = 0;
+    int column = 0;
+};
+
+/// Kinds 1 to this are whole lines of n cells; the kinds above are shapes of five.
+inline constexpr int wholeLineKinds = 4;
+
+/// The fixed step of a whole-line kind 1 to 4 (column, row, broken anti-diagonal, broken diagonal).
+Step wholeLineStep(int kind);
+
+/// The offsets from the anchor of the four other cells of a five-cell kind 5 to 24, in walking order. Kinds
+/// come in fives: cross-diagonal, scattered cross-diagonal, cross-line, scattered cross-line; a scattered
+/// shape is its plain one at twice the size.
+const std::array<Step, 4>& shapeOffsets(int kind);
+
+/// The marker of a blank that is deduced through `kind` (1 to 24): 1e200 to 1e223.
+double blankMarker(int kind);
+
+/// The kind whose marker `value` is; 0 for any other value.
+int markerKind(double value);
+
+/// Whether a cell's value is a blank's.
+inline bool isBlank(double value) {
+    return value >= emptyMarker;
+}
+
+/// `coordinate` brought back into 1 to `n`; it may lie at most n outside.
+inline int wrapped(int coordinate, int n) {
+    if (coordinate > n)
+        return coordinate - n;
+    return coordinate < 1 ? coordinate + n : coordinate;
+}
+
+inline double& cellAt(Grid& grid, int row, int column) {
+    return grid[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+}
+
+inline double cellAt(const Grid& grid, int row, int column) {
+    return grid[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+}
+
+} // namespace quarvelle

@@ -1,0 +1,18 @@
+#pragma once
+
+namespace quarvelle {
+
+struct ProgramState;
+
+/// The largest number that the prime test takes.
+inline constexpr double maxPrimeEntry = 32767;
+
+/// Whether `x` is an order: a whole prime from 5 to 32767. Tries divisors downwards from the square root, in
+/// `testDivisor`.
+bool primetest(ProgramState& state, double x);
+
+/// Steps `sizeEntry` by `step` (+1 or -1) to the next order and returns true. Leaves it alone and returns
+/// false where the entry is negative, fractional or above 32767, or where no order follows in that direction.
+bool stepToOrder(ProgramState& state, int step);
+
+} // namespace quarvelle
