@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+
+#include "ui/CaptionLayout.h"
+
+namespace quarvelle {
+
+/// A label whose text is always whole inside its box, condensed where it must be.
+class CaptionLabel : public QLabel {
+    Q_OBJECT
+
+public:
+    using QLabel::QLabel;
+    CaptionLayout captionLayout() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QRectF captionBox() const;
+};
+
+/// A check box whose caption may take several lines.
+class CaptionCheckBox : public QCheckBox {
+    Q_OBJECT
+
+public:
+    using QCheckBox::QCheckBox;
+    CaptionLayout captionLayout() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool hitButton(const QPoint& position) const override;
+
+private:
+    QRectF captionBox() const;
+};
+
+/// A push button whose caption may take several lines.
+class CaptionButton : public QPushButton {
+    Q_OBJECT
+
+public:
+    using QPushButton::QPushButton;
+    CaptionLayout captionLayout() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QRectF captionBox() const;
+};
+
+} // namespace quarvelle

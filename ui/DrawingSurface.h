@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QWidget>
+
+#include "ui/Drawing.h"
+
+namespace quarvelle {
+
+/// The widget that shows a drawing and tells of mouse buttons pressed on it, in the drawing's pixels.
+class DrawingSurface : public QWidget {
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+    const Drawing& drawing() const { return m_drawing; }
+
+    void fillRectangle(int left, int top, int right, int bottom, const QColor& color);
+    void drawText(int x, int y, const QString& text, double room);
+    void clear();
+
+signals:
+    void pressed(int button, int shift, int x, int y);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    Drawing m_drawing;
+};
+
+} // namespace quarvelle

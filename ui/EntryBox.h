@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QLineEdit>
+#include <string>
+
+namespace quarvelle {
+
+/// A text box that tells of each key pressed and released in it, once each however long the key is held, and
+/// of edits made without a key (pasting or dropping with the mouse).
+class EntryBox : public QLineEdit {
+    Q_OBJECT
+    Q_PROPERTY(int typedLimit READ typedLimit WRITE setTypedLimit)
+
+public:
+    explicit EntryBox(QWidget* parent = nullptr);
+
+    /// How many characters a person may enter. Text that the program sets may be longer and stays whole.
+    int typedLimit() const { return m_typedLimit; }
+    void setTypedLimit(int characters);
+
+    /// Replaces the text; nothing is told.
+    void setProgramText(const std::string& text);
+
+    /// The number that the text begins with; 0 where there is none.
+    double number() const;
+
+signals:
+    void keyPressed(int keyCode);
+    /// With `KeyCode::none` for an edit without a key.
+    void keyReleased(int keyCode);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    void makeRoom();
+
+    int m_typedLimit;
+    bool m_handlesKey = false;
+};
+
+} // namespace quarvelle

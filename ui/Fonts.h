@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QFont>
+
+namespace quarvelle {
+
+/// The font of every control: 8.25 points at 96 dots an inch, sized in pixels because the layout is.
+QFont controlFont();
+
+/// The drawing surface's font: 9.75 points.
+QFont boardFont();
+
+} // namespace quarvelle

@@ -1,0 +1,91 @@
+#include "ui/MainWindow.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+#include "ui/BoardPage.h"
+#include "ui/Fonts.h"
+#include "ui/InformationPage.h"
+#include "ui/KeyCodes.h"
+#include "ui/MainPage.h"
+#include "ui/Pages.h"
+#include "ui/PropertiesPage.h"
+#include "ui/SizeMenu.h"
+
+namespace quarvelle {
+
+MainWindow::MainWindow() : m_state(std::make_unique<ProgramState>()) {
+    m_menus.setupUi(this);
+    m_menus.pages->setFont(controlFont());
+    m_mainPage = new MainPage(*m_state);
+    m_boardPage = new BoardPage;
+    m_informationPage = new InformationPage;
+    m_propertiesPage = new PropertiesPage(*m_state);
+    // In the order of the page numbers.
+    for (QWidget* page : {static_cast<QWidget*>(m_mainPage), static_cast<QWidget*>(m_boardPage),
+                          static_cast<QWidget*>(m_informationPage), static_cast<QWidget*>(m_propertiesPage)})
+        m_menus.pages->addWidget(page);
+    new SizeMenu(*m_state, m_menus, *m_mainPage, this);
+    new Pages(*this);
+    connect(m_menus.quit, &QAction::triggered, this, &MainWindow::quit_Click);
+    qApp->installEventFilter(this);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::present() {
+    setWindowState(windowState() | Qt::WindowMaximized);
+}
+
+void MainWindow::showTitle(const std::string& title) {
+    setWindowTitle(QString::fromStdString(title));
+    present();
+}
+
+void MainWindow::Form_Activate() {
+    *m_state = ProgramState{};
+    m_mainPage->showReadouts();
+    m_mainPage->fitboard();
+    Pages::show(*this, Page::main);
+    m_mainPage->controls().Text2->setFocus();
+    present();
+    emit activated();
+}
+
+void MainWindow::Form_KeyDown(int keyCode, int) {
+    if (keyCode == KeyCode::q)
+        m_state->stopRequested = Request::stop;
+}
+
+void MainWindow::quit_Click() {
+    close();
+}
+
+void MainWindow::Form_Unload() {
+    // A running operation stops at its next yield; the event loop has been told to end by then.
+    m_state->stopRequested = Request::stop;
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (!m_activated) {
+        m_activated = true;
+        Form_Activate();
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    Form_Unload();
+    event->accept();
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    // Seen on the application, so that the key counts whichever control or menu has the keyboard.
+    if (event->type() == QEvent::KeyPress) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        Form_KeyDown(keyCode(key), static_cast<int>(key.modifiers()));
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+} // namespace quarvelle

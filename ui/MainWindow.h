@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+#include <string>
+
+#include "engine/ProgramState.h"
+#include "ui_MainWindow.h"
+
+namespace quarvelle {
+
+class BoardPage;
+class InformationPage;
+class MainPage;
+class PropertiesPage;
+
+/// The program's one window: the menu bar and four pages on one client area that scrolls where the screen is
+/// too small. Owns the program state.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    ProgramState& state() { return *m_state; }
+    const Ui::MagicSquare2& menus() const { return m_menus; }
+    MainPage& mainPage() const { return *m_mainPage; }
+    InformationPage& informationPage() const { return *m_informationPage; }
+    PropertiesPage& propertiesPage() const { return *m_propertiesPage; }
+    BoardPage& boardPage() const { return *m_boardPage; }
+
+    /// Maximises the window, again if it already was.
+    void present();
+    /// Sets the title, shown at once, and presents the window.
+    void showTitle(const std::string& title);
+
+    void Form_Activate();
+    /// The stop key, wherever it was pressed.
+    void Form_KeyDown(int keyCode, int shift);
+    void quit_Click();
+    void Form_Unload();
+
+signals:
+    /// The window was shown for the first time; its state holds the start-up values.
+    void activated();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    std::unique_ptr<ProgramState> m_state;
+    Ui::MagicSquare2 m_menus;
+    MainPage* m_mainPage;
+    BoardPage* m_boardPage;
+    InformationPage* m_informationPage;
+    PropertiesPage* m_propertiesPage;
+    bool m_activated = false;
+};
+
+} // namespace quarvelle

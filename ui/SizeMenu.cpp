@@ -1,0 +1,52 @@
+#include "ui/SizeMenu.h"
+
+#include <array>
+
+#include "engine/Numbers.h"
+#include "engine/ProgramState.h"
+#include "ui/MainPage.h"
+
+namespace quarvelle {
+
+namespace {
+
+struct SizeItem {
+    QAction* Ui::MagicSquare2::*action;
+    int size;
+};
+
+constexpr std::array<SizeItem, 8> sizeItems{{
+    {&Ui::MagicSquare2::sqr5, 5},
+    {&Ui::MagicSquare2::sqr7, 7},
+    {&Ui::MagicSquare2::sqr11, 11},
+    {&Ui::MagicSquare2::sqr13, 13},
+    {&Ui::MagicSquare2::sqr17, 17},
+    {&Ui::MagicSquare2::sqr19, 19},
+    {&Ui::MagicSquare2::sqr23, 23},
+    {&Ui::MagicSquare2::sqr29, 29},
+}};
+
+} // namespace
+
+SizeMenu::SizeMenu(ProgramState& state, const Ui::MagicSquare2& menus, MainPage& page, QObject* parent)
+    : QObject(parent), m_state(state), m_menus(menus), m_page(page) {
+    for (const SizeItem& item : sizeItems)
+        connect(menus.*item.action, &QAction::triggered, this, [this, &item] { sizeItem_Click(item.size); });
+    // The toolkit has toggled the mark by then; choosing this item does nothing, so the marks go back.
+    connect(menus.larger, &QAction::triggered, this, [this] { marksize(m_state.squareSize); });
+    connect(&page, &MainPage::sizeAccepted, this, &SizeMenu::marksize);
+}
+
+void SizeMenu::sizeItem_Click(int size) {
+    m_page.acceptSize(size);
+    m_page.controls().Text2->setProgramText(numberText(size));
+    m_page.fitboard();
+}
+
+void SizeMenu::marksize(int x) {
+    for (const SizeItem& item : sizeItems)
+        (m_menus.*item.action)->setChecked(item.size == x);
+    m_menus.larger->setChecked(x > 29);
+}
+
+} // namespace quarvelle

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QObject>
+
+#include "ui_MainWindow.h"
+
+namespace quarvelle {
+
+class MainPage;
+struct ProgramState;
+
+/// The menu that chooses one of eight sizes. "Larger Size" only shows that a larger one was typed.
+class SizeMenu : public QObject {
+    Q_OBJECT
+
+public:
+    SizeMenu(ProgramState& state, const Ui::MagicSquare2& menus, MainPage& page, QObject* parent);
+
+    /// A size item: takes `size` (5, 7, 11, 13, 17, 19, 23 or 29) and writes it into the size box.
+    void sizeItem_Click(int size);
+    /// Checks the item of the accepted size `x`, "Larger Size" above 29, and no other.
+    void marksize(int x);
+
+private:
+    ProgramState& m_state;
+    const Ui::MagicSquare2& m_menus;
+    MainPage& m_page;
+};
+
+} // namespace quarvelle
