@@ -1,0 +1,97 @@
+#include "practice/AnswerEntry.h"
+
+#include "engine/LineKinds.h"
+#include "engine/MagicArithmetic.h"
+#include "engine/Numbers.h"
+#include "practice/Board.h"
+#include "practice/Titles.h"
+#include "ui/BoardPage.h"
+#include "ui/KeyCodes.h"
+#include "ui/MainWindow.h"
+
+namespace quarvelle {
+
+namespace {
+
+/// Which cell from 1 to `n` a coordinate lies in; 0 for none. A grid line belongs to the cell that follows
+/// it.
+int cellOf(int coordinate, int origin, int cellSize, int n) {
+    if (coordinate < origin || coordinate >= origin + n * cellSize)
+        return 0;
+    return (coordinate - origin) / cellSize + 1;
+}
+
+} // namespace
+
+AnswerEntry::AnswerEntry(MainWindow& window) : QObject(&window), m_window(window) {
+    connect(&window.boardPage(), &DrawingSurface::pressed, this, &AnswerEntry::Form_MouseDown);
+    connect(&window.boardPage().answerBox(), &EntryBox::keyPressed, this,
+            [this](int keyCode) { Text6_KeyDown(keyCode, 0); });
+}
+
+bool AnswerEntry::mayOpen(int row, int column) const {
+    const ProgramState& state = m_window.state();
+    return isBlank(cellAt(state.puzzle, row, column)) && state.stopRequested == Request::playing &&
+           m_window.windowTitle().toStdString() != constructionTitle(state);
+}
+
+void AnswerEntry::Form_MouseDown(int, int, int x, int y) {
+    ProgramState& state = m_window.state();
+    if (state.practising != 1)
+        return;
+    const int cellWidth = static_cast<int>(state.cellWidth);
+    const int row = cellOf(x, state.boardLeft, cellWidth, state.squareSize);
+    const int column = cellOf(y, state.boardTop, rowHeight, state.squareSize);
+    if (row == 0 || column == 0)
+        return;
+    const bool boxIsHere = row == state.selectedRow && column == state.selectedColumn &&
+                           m_window.boardPage().answerBox().isVisible();
+    if (boxIsHere || !mayOpen(row, column))
+        return;
+    state.selectedRow = row;
+    state.selectedColumn = column;
+    state.selectedCellX = state.boardLeft + (row - 1) * cellWidth;
+    state.selectedCellY = state.boardTop + (column - 1) * rowHeight;
+    m_window.boardPage().openAnswerBox(state.selectedCellX, state.selectedCellY);
+}
+
+void AnswerEntry::Text6_KeyDown(int keyCode, int) {
+    if (keyCode != KeyCode::enter)
+        return;
+    const double entry = m_window.boardPage().answerBox().number();
+    if (isRight(entry))
+        takeRightAnswer();
+    else
+        takeWrongAnswer(entry);
+}
+
+bool AnswerEntry::isRight(double entry) const {
+    const ProgramState& state = m_window.state();
+    const double answer = cellAt(state.square, state.selectedRow, state.selectedColumn);
+    // With a distance such as 0.1 the number in the square isn't always the one its text reads as.
+    return entry == answer || numberText(entry) == numberText(answer);
+}
+
+void AnswerEntry::takeWrongAnswer(double entry) {
+    ProgramState& state = m_window.state();
+    EntryBox& box = m_window.boardPage().answerBox();
+    if (entry != 0 || box.text() == "0") {
+        ++state.numbersIncorrect;
+        m_window.showTitle(scoreTitle(state));
+    }
+    box.clear();
+}
+
+void AnswerEntry::takeRightAnswer() {
+    ProgramState& state = m_window.state();
+    const double answer = cellAt(state.square, state.selectedRow, state.selectedColumn);
+    cellAt(state.puzzle, state.selectedRow, state.selectedColumn) = answer;
+    drawNumber(state, m_window.boardPage(), state.selectedCellX,
+               state.selectedCellX - 1 + signRoom(state, answer), state.selectedCellY + 3, answer);
+    m_window.boardPage().closeAnswerBox();
+    ++state.numbersCorrect;
+    m_window.showTitle(scoreTitle(state));
+    --state.remainingBlanks;
+}
+
+} // namespace quarvelle

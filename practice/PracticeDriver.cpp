@@ -1,0 +1,150 @@
+#include "practice/PracticeDriver.h"
+
+#include <algorithm>
+
+#include "engine/Construction.h"
+#include "engine/EventQueue.h"
+#include "engine/LineKinds.h"
+#include "engine/Numbers.h"
+#include "practice/BlankSelection.h"
+#include "practice/Board.h"
+#include "practice/RunSettings.h"
+#include "practice/Titles.h"
+#include "ui/BoardPage.h"
+#include "ui/MainPage.h"
+#include "ui/MainWindow.h"
+#include "ui/Pages.h"
+#include "ui/PropertiesPage.h"
+
+namespace quarvelle {
+
+namespace {
+
+void resetPosition(ProgramState& state) {
+    state.curRow = state.curCol = 1;
+    state.boardLeft = state.boardTop = 8;
+    state.pageColumn = state.pageRow = 1;
+}
+
+/// The longest text among the square's numbers; of texts with equal length, any.
+std::string longestText(const ProgramState& state) {
+    std::string longest;
+    for (int row = 1; row <= state.squareSize; ++row)
+        for (int column = 1; column <= state.squareSize; ++column)
+            longest =
+                std::max(numberText(cellAt(state.square, row, column)), longest,
+                         [](const std::string& a, const std::string& b) { return a.size() < b.size(); });
+    return longest;
+}
+
+} // namespace
+
+PracticeDriver::PracticeDriver(MainWindow& window, RandomSource& random, EventQueue& events)
+    : QObject(&window), m_window(window), m_random(random), m_events(events) {
+    connect(window.mainPage().controls().Command4, &QPushButton::clicked, this,
+            &PracticeDriver::Command4_Click);
+}
+
+void PracticeDriver::Command4_Click() {
+    if (m_window.state().squareSize > maxOrder)
+        return;
+    openRun();
+    while (playSquare()) {
+    }
+    closeRun();
+}
+
+void PracticeDriver::openRun() {
+    ProgramState& state = m_window.state();
+    MainPage& page = m_window.mainPage();
+    m_window.propertiesPage().readPairs();
+    tidyRandomStarts(page);
+    state.practising = 1;
+    state.savedPuzzleMode = state.puzzleMode;
+    state.puzzleMode = PuzzleMode::puzzles;
+    state.numbersCorrect = state.numbersIncorrect = state.squaresSolved = 0;
+    readNumbers(state, page);
+    state.stopRequested = Request::none;
+    m_window.boardPage().clear();
+    measureBoard(state);
+    readCounts(state, page);
+    Pages::show(m_window, Page::board);
+    m_window.present();
+    resetPosition(state);
+    state.baseStart = state.startNumber;
+}
+
+/// Returns false when the run is to end.
+bool PracticeDriver::playSquare() {
+    if (!makePuzzle())
+        return false;
+    showPuzzle();
+    if (!waitForPlayer())
+        return false;
+    closeSquare();
+    return true;
+}
+
+/// Builds the next square and chooses its blanks. Returns false when stopped.
+bool PracticeDriver::makePuzzle() {
+    ProgramState& state = m_window.state();
+    if (m_window.mainPage().controls().Check1->isChecked())
+        drawStartNumber(state, m_window.mainPage(), m_random);
+    m_window.showTitle(constructionTitle(state));
+    state.curRow = state.curCol = 1;
+    buildCompleteSquare(state, m_random, m_events);
+    if (state.stopRequested == Request::stop)
+        return false;
+    state.showAnswers = 0;
+    selectBlanks(state, m_random, m_events);
+    return state.stopRequested != Request::stop;
+}
+
+void PracticeDriver::showPuzzle() {
+    ProgramState& state = m_window.state();
+    BoardPage& board = m_window.boardPage();
+    board.fitAnswerBox(static_cast<int>(state.cellWidth), QString::fromStdString(longestText(state)));
+    showsquare(state, board);
+    state.remainingBlanks = state.placeIndex;
+    m_window.showTitle(scoreTitle(state));
+}
+
+/// Sleeps between events until the square is solved or abandoned. Returns false when stopped.
+bool PracticeDriver::waitForPlayer() {
+    const ProgramState& state = m_window.state();
+    // A puzzle without blanks is over after this one turn.
+    m_events.yield();
+    while (state.stopRequested != Request::stop) {
+        if (state.remainingBlanks == 1 || state.stopRequested == Request::abandon)
+            return true;
+        m_events.wait();
+    }
+    return false;
+}
+
+void PracticeDriver::closeSquare() {
+    ProgramState& state = m_window.state();
+    m_window.boardPage().closeAnswerBox();
+    m_window.boardPage().clear();
+    resetPosition(state);
+    state.showAnswers = 1;
+    if (state.stopRequested != Request::abandon)
+        ++state.squaresSolved;
+    state.stopRequested = Request::none;
+    m_window.showTitle(scoreTitle(state));
+}
+
+void PracticeDriver::closeRun() {
+    ProgramState& state = m_window.state();
+    state.startNumber = state.baseStart;
+    m_window.boardPage().closeAnswerBox();
+    state.practising = 0;
+    state.puzzleMode = state.savedPuzzleMode;
+    state.boardLeft = state.boardTop = 8;
+    m_window.boardPage().clear();
+    m_window.setWindowTitle("Quarvelle");
+    Pages::returnToMain(m_window);
+    m_window.mainPage().controls().Command4->setFocus();
+}
+
+} // namespace quarvelle

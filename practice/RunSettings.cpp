@@ -1,0 +1,77 @@
+#include "practice/RunSettings.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "engine/MagicArithmetic.h"
+#include "engine/Numbers.h"
+#include "engine/ProgramState.h"
+#include "engine/Random.h"
+#include "ui/MainPage.h"
+
+namespace quarvelle {
+
+namespace {
+
+constexpr int boardMargin = 8;
+constexpr int fewestColumns = 2;
+
+/// How many cells of `cellSize` pixels the board shows of `n`.
+int visibleCells(int n, double cellSize, int limit) {
+    if (boardMargin + n * cellSize <= limit)
+        return n;
+    return std::max(fewestColumns, static_cast<int>((limit - boardMargin) / cellSize));
+}
+
+} // namespace
+
+void tidyRandomStarts(const MainPage& page) {
+    if (page.controls().Text7->number() < 1)
+        page.controls().Text7->setProgramText("2");
+}
+
+void readNumbers(ProgramState& state, MainPage& page) {
+    const Ui::MainPage& controls = page.controls();
+    for (EntryBox* box : {controls.Text1, controls.Text3, controls.text4, controls.Text5})
+        box->setProgramText(numberText(box->number()));
+    controls.Text2->setProgramText(numberText(state.squareSize));
+    for (EntryBox* box : {controls.Text5, controls.Text3})
+        if (box->number() == 0)
+            box->setProgramText("1");
+    state.startNumber = controls.text4->number();
+    if (controls.Text5->number() <= 0 && state.distance <= 0)
+        controls.Text5->setProgramText("1");
+    if (controls.Text5->number() > 0)
+        state.distance = controls.Text5->number();
+    page.showReadouts();
+}
+
+void readCounts(ProgramState& state, const MainPage& page) {
+    const Ui::MainPage& controls = page.controls();
+    if (controls.Text3->number() < 1)
+        controls.Text3->setProgramText("1");
+    state.blankCount = controls.Text3->number();
+    state.printCount = controls.Text1->number();
+}
+
+void measureBoard(ProgramState& state) {
+    state.digitWidth = cellCharacters(state);
+    state.maxDigits = static_cast<std::int16_t>(longestEndText(state));
+    state.cellWidth = cellWidthFor(state.digitWidth);
+    state.visibleColumns = visibleCells(state.squareSize, state.cellWidth, state.boardWidthLimit);
+    state.visibleRows = visibleCells(state.squareSize, rowHeight, state.boardHeightLimit);
+}
+
+void drawStartNumber(ProgramState& state, const MainPage& page, RandomSource& random) {
+    state.randomStartLimit = 1;
+    for (int digit = 0; digit < state.maxDigits; ++digit)
+        state.randomStartLimit *= 10;
+    const double numbers = state.distance * state.squareSize * state.squareSize;
+    const double starts = state.randomStartLimit - (state.baseStart + numbers);
+    state.startNumber = state.baseStart + std::floor(random.draw() * (starts - 1));
+    const double asked = page.controls().Text7->number();
+    if (asked < starts)
+        state.startNumber = state.baseStart + std::floor(random.draw() * asked);
+}
+
+} // namespace quarvelle

@@ -1,0 +1,29 @@
+#pragma once
+
+namespace quarvelle {
+
+class MainPage;
+class RandomSource;
+struct ProgramState;
+
+/// Replaces a number of random starting numbers below 1 by 2.
+void tidyRandomStarts(const MainPage& page);
+
+/// Rewrites the number boxes as the texts of the numbers they hold, replaces zeros where they make no sense,
+/// and takes `startNumber` and a positive `distance` from them; a distance that isn't positive is kept out of
+/// the state while an earlier positive one is there. Refreshes the readouts.
+void readNumbers(ProgramState& state, MainPage& page);
+
+/// Takes `blankCount`, at least 1, and `printCount` from their boxes.
+void readCounts(ProgramState& state, const MainPage& page);
+
+/// `digitWidth`, `maxDigits`, `cellWidth`, and the columns and rows that have room on the board (at least two
+/// columns), from the size and the numbers of the square.
+void measureBoard(ProgramState& state);
+
+/// Draws a `startNumber` from `baseStart` on such that the square's numbers stay within `maxDigits`
+/// characters; where the box asks for fewer starting numbers than there are, among that many. One draw, or
+/// two.
+void drawStartNumber(ProgramState& state, const MainPage& page, RandomSource& random);
+
+} // namespace quarvelle
