@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "engine/EventQueue.h"
+#include "engine/Random.h"
+
+namespace quarvelle::testing {
+
+/// Gives the draws of a list, then those of a seeded generator; counts them.
+class ScriptedRandom final : public RandomSource {
+public:
+    explicit ScriptedRandom(std::vector<double> script = {}, float seed = 1)
+        : m_script(std::move(script)), m_rest(seed) {}
+
+    double draw() override {
+        const auto index = static_cast<std::size_t>(m_draws++);
+        return index < m_script.size() ? m_script[index] : m_rest.draw();
+    }
+    int draws() const { return m_draws; }
+
+private:
+    std::vector<double> m_script;
+    SeededRandom m_rest;
+    int m_draws = 0;
+};
+
+/// Counts turns and lets a test act at each; a turn that would sleep is told apart.
+class ScriptedEvents final : public EventQueue {
+public:
+    std::function<void(int turn)> onYield = [](int) {};
+    std::function<void(int turn)> onWait = [](int) {};
+
+    void yield() override { onYield(++m_yields); }
+    void wait() override { onWait(++m_waits); }
+    int yields() const { return m_yields; }
+    int waits() const { return m_waits; }
+
+private:
+    int m_yields = 0;
+    int m_waits = 0;
+};
+
+} // namespace quarvelle::testing
