@@ -1,0 +1,225 @@
+#include <gtest/gtest.h>
+#include <set>
+
+#include "engine/DeductionCheck.h"
+#include "engine/LineKinds.h"
+#include "engine/PropertyShapes.h"
+#include "engine/Stepping.h"
+#include "tests/support/Lines.h"
+
+namespace quarvelle {
+namespace {
+
+using testing::Cell;
+
+/// The cells of a five-cell kind, from the description of its family: a centre and four arms, the anchor at
+/// the centre or at one arm.
+std::set<Cell> describedShape(int kind, Cell anchor, int n) {
+    const int family = (kind - 5) / 5;
+    const int d = family % 2 == 0 ? 1 : 2;
+    const bool diagonal = family < 2;
+    const Cell diagonalArms[] = {{0, 0}, {-d, -d}, {d, -d}, {-d, d}, {d, d}};
+    const Cell straightArms[] = {{0, 0}, {0, -d}, {-d, 0}, {d, 0}, {0, d}};
+    const auto& arms = diagonal ? diagonalArms : straightArms;
+    const Cell place = arms[(kind - 5) % 5];
+    const Cell centre{anchor.first - place.first, anchor.second - place.second};
+    std::set<Cell> cells;
+    for (const Cell& arm : arms)
+        cells.emplace(testing::onto(centre.first + arm.first, n),
+                      testing::onto(centre.second + arm.second, n));
+    return cells;
+}
+
+std::set<Cell> walkedCells(int kind, Cell anchor, int n) {
+    std::set<Cell> cells;
+    walkLine(kind, anchor.first, anchor.second, n, [&](int row, int column) {
+        cells.emplace(row, column);
+        return true;
+    });
+    return cells;
+}
+
+TEST(LineKinds, ShapesAreTheDescribedOnes) {
+    for (int row = 1; row <= 5; ++row)
+        for (int column = 1; column <= 5; ++column)
+            for (int kind = 5; kind <= 24; ++kind)
+                EXPECT_EQ(walkedCells(kind, {row, column}, 5), describedShape(kind, {row, column}, 5))
+                    << kind;
+    for (const Cell& cell : walkedCells(3, {2, 7}, 7))
+        EXPECT_EQ((cell.first + cell.second) % 7, 2);
+    for (const Cell& cell : walkedCells(4, {2, 7}, 7))
+        EXPECT_EQ((cell.first - cell.second + 7) % 7, 2);
+    for (int kind = 1; kind <= 4; ++kind)
+        EXPECT_EQ(walkedCells(kind, {29, 1}, 29).size(), 29U);
+}
+
+TEST(Stepping, ProbeAndMainCursorVisitTheSameCells) {
+    ProgramState state;
+    for (int kind = 5; kind <= 24; ++kind) {
+        state.lineKind = state.probeKind = kind;
+        state.anchorRow = state.anchorCol = state.probeAnchorRow = state.probeAnchorCol = 3;
+        std::set<Cell> main;
+        std::set<Cell> probe;
+        for (state.stepIndex = 0; state.stepIndex < 4; ++state.stepIndex) {
+            findline2(state);
+            findline1(state);
+            main.emplace(state.curRow, state.curCol);
+            probe.emplace(state.probeRow, state.probeCol);
+        }
+        EXPECT_EQ(main, probe) << kind;
+        EXPECT_EQ(main.size(), 4U);
+        findline2(state);
+        findline1(state);
+        EXPECT_EQ(Cell(state.curRow, state.curCol), Cell(3, 3));
+        EXPECT_EQ(Cell(state.probeRow, state.probeCol), Cell(3, 3));
+        state.stepIndex = 7;
+        state.curRow = state.probeRow = 1;
+        findline2(state);
+        findline1(state);
+        EXPECT_EQ(state.curRow + state.probeRow, 2) << "other step numbers leave the cursor";
+    }
+}
+
+TEST(Stepping, FollowsTheExamples) {
+    const struct {
+        int kind, stepIndex;
+        Cell anchor, mainAfter, probeAfter;
+    } rows[] = {
+        {3, 0, {1, 1}, {2, 0}, {1, 1}}, {2, 0, {4, 5}, {4, 6}, {4, 5}},  {7, 0, {3, 3}, {1, 3}, {3, 5}},
+        {7, 2, {3, 3}, {3, 5}, {1, 3}}, {12, 0, {5, 1}, {1, 1}, {5, 5}}, {13, 2, {1, 5}, {5, 5}, {1, 1}},
+        {9, 3, {4, 4}, {3, 3}, {3, 3}}, {16, 1, {2, 2}, {2, 4}, {2, 4}},
+    };
+    for (const auto& row : rows) {
+        ProgramState state;
+        state.lineKind = state.probeKind = row.kind;
+        state.stepIndex = row.stepIndex;
+        state.anchorRow = state.curRow = state.probeAnchorRow = state.probeRow = row.anchor.first;
+        state.anchorCol = state.curCol = state.probeAnchorCol = state.probeCol = row.anchor.second;
+        findline2(state);
+        findline1(state);
+        EXPECT_EQ(Cell(state.curRow, state.curCol), row.mainAfter) << row.kind;
+        EXPECT_EQ(Cell(state.probeRow, state.probeCol), row.probeAfter) << row.kind;
+    }
+}
+
+struct Blank {
+    int row, column, kind;
+};
+
+/// A puzzle of order n whose other cells hold 1.
+std::unique_ptr<ProgramState> puzzleWith(int n, const std::vector<Blank>& blanks) {
+    auto state = std::make_unique<ProgramState>();
+    state->squareSize = static_cast<std::int16_t>(n);
+    for (auto& row : state->puzzle)
+        row.fill(1);
+    for (const Blank& blank : blanks)
+        cellAt(state->puzzle, blank.row, blank.column) = blankMarker(blank.kind);
+    return state;
+}
+
+void setCandidate(ProgramState& state, Cell candidate) {
+    state.anchorRow = candidate.first;
+    state.anchorCol = candidate.second;
+}
+
+TEST(DeductionCheck, RejectsOnlyCycles) {
+    const struct {
+        const char* what;
+        int n;
+        std::vector<Blank> blanks;
+        Blank candidate;
+        int accepted;
+    } rows[] = {
+        {"no other blank", 5, {}, {3, 3, 24}, 1},
+        {"candidate on the shape of a blank it needs", 5, {{2, 3, 15}}, {3, 3, 1}, 0},
+        {"the same blank off the candidate's row", 5, {{2, 3, 15}}, {3, 3, 2}, 1},
+        {"two columns need each other", 7, {{2, 3, 1}}, {5, 3, 1}, 0},
+        {"a needed blank that leads elsewhere", 7, {{2, 3, 2}}, {5, 3, 1}, 1},
+        {"chain of three", 7, {{2, 3, 2}, {2, 6, 1}}, {5, 6, 2}, 1},
+        {"chain of three closed", 7, {{2, 3, 2}, {2, 6, 1}, {5, 6, 2}}, {5, 3, 1}, 0},
+        {"met twice", 7, {{1, 3, 2}, {1, 5, 1}, {3, 3, 3}}, {6, 3, 1}, 1},
+        {"through the wrap-around", 7, {{7, 7, 3}}, {3, 4, 3}, 0},
+        {"largest order", 103, {{103, 103, 4}, {1, 103, 2}}, {103, 1, 3}, 1},
+    };
+    for (const auto& row : rows) {
+        const auto state = puzzleWith(row.n, row.blanks);
+        const Grid before = state->puzzle;
+        setCandidate(*state, {row.candidate.row, row.candidate.column});
+        state->lineKind = row.candidate.kind;
+        makeblanks(*state);
+        EXPECT_EQ(state->blankAccepted, row.accepted) << row.what;
+        EXPECT_EQ(Cell(state->anchorRow, state->anchorCol), Cell(row.candidate.row, row.candidate.column));
+        EXPECT_EQ(state->puzzle, before);
+    }
+}
+
+TEST(PropertyShapes, PlaceTheFirstPlacementThatPasses) {
+    const struct {
+        const char* what;
+        void (*place)(ProgramState&);
+        int mode;
+        std::vector<Blank> blanks;
+        Cell candidate;
+        int kind; ///< placed; 0 for none
+    } rows[] = {
+        {"inside the square only", d1scline, 1, {}, {1, 3}, 17},
+        {"over the edge", d1scline, 2, {}, {1, 3}, 15},
+        {"middle, scattered", d1scross2, 1, {}, {3, 3}, 10},
+        {"corner, scattered", d1scross2, 1, {}, {5, 5}, 14},
+        {"corner, scattered line", d1scline2, 1, {}, {1, 1}, 0},
+        {"middle of an edge", d1scline2, 1, {}, {1, 3}, 22},
+        {"nothing fits", d1scross2, 1, {}, {2, 2}, 0},
+        {"nothing fits", d1scline2, 1, {}, {2, 2}, 0},
+        {"marker of the same kind", d1scross, 1, {{2, 2, 5}}, {3, 3}, 6},
+        {"marker of another kind", d1scross, 1, {{2, 2, 10}}, {3, 3}, 5},
+        {"rejected by the check", d1scross, 1, {{2, 2, 4}}, {3, 3}, 6},
+        {"already blank", d1scline, 2, {{3, 3, 5}}, {3, 3}, 15},
+    };
+    for (const auto& row : rows) {
+        const auto state = puzzleWith(5, row.blanks);
+        state->crossDiagonalMode = state->scatteredCrossDiagonalMode = row.mode;
+        state->crossLineMode = state->scatteredCrossLineMode = row.mode;
+        setCandidate(*state, row.candidate);
+        const double before = testing::at(state->puzzle, row.candidate);
+        row.place(*state);
+        EXPECT_EQ(state->blankPlaced, row.kind != 0) << row.what;
+        EXPECT_EQ(testing::at(state->puzzle, row.candidate), row.kind == 0 ? before : blankMarker(row.kind))
+            << row.what;
+        EXPECT_EQ(state->blanksOnShape, 0);
+    }
+}
+
+TEST(PropertyShapes, RateWithoutTouchingThePuzzle) {
+    const auto state = puzzleWith(5, {{2, 3, 1}, {3, 4, 2}});
+    state->crossLineMode = PropertyMode::all;
+    setCandidate(*state, {3, 3});
+    d2scline(*state);
+    EXPECT_EQ(state->lineBlankCount[15], 2);
+    EXPECT_EQ(state->lineUsable[16], 1);
+    EXPECT_EQ(state->lineBlankCount[16], 0) << "a count below the best is not recorded";
+    EXPECT_EQ(state->bestBlankCount, 2);
+
+    // The own marker on the last cell walked: rejected, and its blanks leak into nothing.
+    const auto marked = puzzleWith(5, {{2, 3, 1}, {3, 4, 15}});
+    marked->crossLineMode = PropertyMode::onlyMain;
+    setCandidate(*marked, {3, 3});
+    d2scline(*marked);
+    EXPECT_EQ(marked->lineUsable[15], 0);
+    EXPECT_EQ(marked->lineRejected[15], 1);
+    EXPECT_EQ(marked->lineBlankCount[16], 1);
+    EXPECT_EQ(marked->blanksOnShape, 0);
+
+    // A placement that doesn't fit only counts as rejected.
+    const auto corner = puzzleWith(5, {});
+    corner->crossDiagonalMode = PropertyMode::onlyMain;
+    corner->lineBlankCount[5] = 4;
+    setCandidate(*corner, {1, 1});
+    d2scross(*corner);
+    EXPECT_EQ(corner->lineRejected[5], 1);
+    EXPECT_EQ(corner->lineBlankCount[5], 4);
+    EXPECT_EQ(corner->lineUsable[6], 1);
+    EXPECT_EQ(corner->lineRejected[6], 0);
+}
+
+} // namespace
+} // namespace quarvelle

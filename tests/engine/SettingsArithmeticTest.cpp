@@ -1,0 +1,131 @@
+#include <cmath>
+#include <gtest/gtest.h>
+
+#include "engine/MagicArithmetic.h"
+#include "engine/Numbers.h"
+#include "engine/PrimeOrder.h"
+#include "engine/ProgramState.h"
+#include "engine/SquareCount.h"
+
+namespace quarvelle {
+namespace {
+
+TEST(MagicArithmetic, CaptionsAndTotals) {
+    const struct {
+        int n;
+        double s, d;
+        const char* total;
+        const char* last;
+    } rows[] = {
+        {5, 1, 1, "Magic Total = 65", "Last number equals: 25"},
+        {29, 1, 1, "Magic Total = 12209", "Last number equals: 841"},
+        {5, 0, 1, "Magic Total = 60", "Last number equals: 24"},
+        {5, 1, 0.5, "Magic Total = 35", "Last number equals: 13"},
+        {5, 1, 0.1, "Magic Total = 11", "Last number equals: 3.4"},
+        {5, -100000, 1, "Magic Total = -499940", "Last number equals: -99976"},
+        {5, -1000000, 1, "Magic Total = -4999940", "Last number equals: -999976"},
+        {5, 1999999988, 1, "Magic Total = 10000000000", "Last number is {very large!}"},
+        {5, 19999999988, 1, "Magic Total is {very large!}", "Last number is {very large!}"},
+        {5, 9999975, 1, "Magic Total = 49999935", "Last number equals: 9999999"},
+        {5, 1e308, 1e308, "Magic Total is {very large!}", "Last number is {very large!}"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(magicTotalCaption(numberText(magicTotal(row.n, row.s, row.d))), row.total);
+        EXPECT_EQ(lastNumberCaption(row.n, row.s, row.d), row.last);
+    }
+}
+
+TEST(MagicArithmetic, CellWidthsAndFit) {
+    const struct {
+        std::int16_t n;
+        double s, d;
+        int digits, width;
+        bool tooLarge, playable;
+    } rows[] = {
+        {29, 1, 1, 3, 24, false, true},
+        {29, 1, 2, 4, 32, true, true},
+        {31, 1, 1, 3, 24, true, true},
+        {5, -5, 1, 3, 24, false, true},  // 19 is as long as -5
+        {5, -15, 1, 3, 24, false, true}, // 9 is shorter than -15
+        {5, -100, -1, 4, 32, false, true},
+        {5, -24, 1, 3, 24, false, true},
+        {5, 3, -1, 3, 24, false, true}, // 3 to -21
+        {5, 1, 1e13, 15, 120, false, true},
+        {7, 1, 1e14, 7, 56, false, true}, // "4.8E+15"
+        {5, 1e200, 1, 6, 48, false, false},
+        {5, 1, 1e199, 8, 64, false, false},
+        {5, 1e308, 1e308, 13, 104, false, false},
+        {32749, 1, 1, 10, 80, true, true},
+    };
+    for (const auto& row : rows) {
+        ProgramState state;
+        state.squareSize = row.n;
+        state.startNumber = row.s;
+        state.distance = row.d;
+        EXPECT_EQ(boardIsTooLarge(state), row.tooLarge) << row.n << ' ' << row.s << ' ' << row.d;
+        EXPECT_EQ(state.digitWidth, row.digits) << row.n << ' ' << row.s << ' ' << row.d;
+        EXPECT_EQ(state.cellWidth, row.width);
+        EXPECT_EQ(hasPlayableNumbers(state), row.playable);
+    }
+}
+
+TEST(PrimeOrder, AcceptsThePrimesThatASieveFinds) {
+    std::vector<bool> composite(32770);
+    for (std::size_t i = 2; i < composite.size(); ++i)
+        for (std::size_t multiple = 2 * i; !composite[i] && multiple < composite.size(); multiple += i)
+            composite[multiple] = true;
+    ProgramState state;
+    for (int x = -3; x < 32768; ++x)
+        ASSERT_EQ(primetest(state, x), x >= 5 && !composite[static_cast<std::size_t>(x)]) << x;
+    for (const double x : {5.5, 32771.0, 1e18, 1e308, -7.0, std::nan("")})
+        EXPECT_FALSE(primetest(state, x)) << x;
+}
+
+TEST(PrimeOrder, StepsToTheNextOrder) {
+    const struct {
+        double from;
+        int step;
+        double to;
+    } rows[] = {
+        {7, 1, 11},         {11, -1, 7},       {0, 1, 5},          {4, 1, 5},          {9, 1, 11},
+        {9, -1, 7},         {29, 1, 31},       {6, -1, 5},         {-3, 1, -3},        {7.5, 1, 7.5},
+        {40000, -1, 40000}, {32749, 1, 32749}, {32767, -1, 32749}, {1e300, -1, 1e300}, {5, -1, 5},
+    };
+    for (const auto& row : rows) {
+        ProgramState state;
+        state.sizeEntry = row.from;
+        EXPECT_EQ(stepToOrder(state, row.step), row.to != row.from);
+        EXPECT_EQ(state.sizeEntry, row.to);
+    }
+}
+
+TEST(SquareCount, StatesTheNumbersOfEachSize) {
+    const struct {
+        int n;
+        const char* fundamental;
+        const char* shifted;
+        const char* total;
+    } rows[] = {
+        {5, "576", "14400", "28800"},
+        {7, "1555200", "76204800", "304819200"},
+        {11, "39504568320000", "4.78005276672E+15", "1.912021106688E+16"},
+        {13, "6.8832759840768E+17", "1.16327364130898E+20", "4.65309456523592E+20"},
+        {97, "", "", "1.11036564183981E+305"},
+    };
+    ProgramState state;
+    for (const auto& row : rows) {
+        const SquareCount count = squareCount(state, row.n);
+        EXPECT_NE(count.fundamental.find(row.fundamental), std::string::npos);
+        EXPECT_NE(count.shifts.find(std::string(" = ") + row.shifted), std::string::npos) << count.shifts;
+        EXPECT_NE(count.rotations.find(std::string(" = ") + row.total), std::string::npos) << count.rotations;
+        EXPECT_NE(count.total.find(std::string("exactly ") + row.total + " \"Complete\""), std::string::npos);
+    }
+    EXPECT_EQ(squareCount(state, 7).rotations, "Each Square can also be rotated three times to produce three "
+                                               "more squares: (76204800 * 4 = 304819200).");
+    const SquareCount large = squareCount(state, 101);
+    EXPECT_EQ(large.fundamental, "The number of Squares is too large!");
+    EXPECT_EQ(large.shifts + large.rotations + large.total, "");
+}
+
+} // namespace
+} // namespace quarvelle
