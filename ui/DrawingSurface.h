@@ -7,7 +7,7 @@
 namespace quarvelle {
 
 /// The widget that shows a drawing and tells of mouse buttons pressed on it, in the drawing's pixels.
-class DrawingSurface : public QWidget {
+class DrawingSurface : public QWidget, public Canvas {
     Q_OBJECT
 
 public:
@@ -15,8 +15,8 @@ public:
 
     const Drawing& drawing() const { return m_drawing; }
 
-    void fillRectangle(int left, int top, int right, int bottom, const QColor& color);
-    void drawText(int x, int y, const QString& text, double room);
+    void fillRectangle(int left, int top, int right, int bottom, const QColor& color) override;
+    void drawText(int x, int y, const QString& text, double room) override;
     void clear();
 
 signals:
