@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBasicTimer>
 #include <QWidget>
 
 #include "ui/Drawing.h"
@@ -25,9 +26,13 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
+    void repaintSoon();
+
     Drawing m_drawing;
+    QBasicTimer m_repaint;
 };
 
 } // namespace quarvelle
