@@ -7,11 +7,11 @@
 
 namespace quarvelle {
 
-Program::Program(RandomSource& random, EventQueue& events) : m_printer(m_window) {
+Program::Program(RandomSource& random, EventQueue& events, Printer* printer) : m_platformPrinter(m_window) {
     new MenuCommands(m_window);
     new AnswerEntry(m_window);
     new PracticeDriver(m_window, random, events);
-    new Batch(m_window, random, events, m_printer);
+    new Batch(m_window, random, events, printer ? *printer : m_platformPrinter);
 }
 
 } // namespace quarvelle

@@ -10,14 +10,15 @@ namespace quarvelle {
 /// The window with everything that acts on it.
 class Program {
 public:
-    /// Draws from `random` and yields to `events`; both outlive the program.
-    Program(RandomSource& random, EventQueue& events);
+    /// Draws from `random`, yields to `events` and prints through `printer`, which outlive the program;
+    /// without a printer, through the platform's own dialog.
+    Program(RandomSource& random, EventQueue& events, Printer* printer = nullptr);
 
     MainWindow& window() { return m_window; }
 
 private:
     MainWindow m_window;
-    QtPrinter m_printer;
+    QtPrinter m_platformPrinter;
 };
 
 } // namespace quarvelle

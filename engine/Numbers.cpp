@@ -1,5 +1,6 @@
 #include "engine/Numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>

@@ -3,6 +3,7 @@
 #include "engine/Construction.h"
 #include "engine/EventQueue.h"
 #include "engine/LineKinds.h"
+#include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
 #include "practice/BlankSelection.h"
 #include "practice/Board.h"
@@ -41,11 +42,11 @@ PracticeDriver::PracticeDriver(MainWindow& window, RandomSource& random, EventQu
 }
 
 void PracticeDriver::Command4_Click() {
-    if (m_window.state().squareSize > maxOrder)
-        return;
     openRun();
-    while (playSquare()) {
-    }
+    // Tidying may have brought in a distance with which the board doesn't fit.
+    if (!boardIsTooLarge(m_window.state()) && hasPlayableNumbers(m_window.state()))
+        while (playSquare()) {
+        }
     closeRun();
 }
 
@@ -110,7 +111,7 @@ bool PracticeDriver::waitForPlayer() {
     // A puzzle without blanks is over after this one turn.
     m_events.yield();
     while (state.stopRequested != Request::stop) {
-        if (state.remainingBlanks == 1 || state.stopRequested == Request::abandon)
+        if (state.remainingBlanks <= 1 || state.stopRequested == Request::abandon)
             return true;
         m_events.wait();
     }
@@ -139,7 +140,7 @@ void PracticeDriver::closeRun() {
     m_window.boardPage().clear();
     m_window.setWindowTitle("Quarvelle");
     Pages::returnToMain(m_window);
-    m_window.mainPage().controls().Command4->setFocus();
+    m_window.mainPage().focusPractice();
 }
 
 } // namespace quarvelle

@@ -16,8 +16,8 @@ public:
     /// Becomes a child of the window; draws from `random` and yields to `events` while a run lasts.
     PracticeDriver(MainWindow& window, RandomSource& random, EventQueue& events);
 
-    /// A whole run; returns when it has ended and the main page is back. Nothing happens for an order above
-    /// the grids' room.
+    /// A whole run; returns when it has ended and the main page is back, at once for a square that doesn't
+    /// fit on the board or has numbers that could be taken for blanks.
     void Command4_Click();
 
 private:

@@ -72,6 +72,8 @@ void drawStartNumber(ProgramState& state, const MainPage& page, RandomSource& ra
     const double asked = page.controls().Text7->number();
     if (asked < starts)
         state.startNumber = state.baseStart + std::floor(random.draw() * asked);
+    if (!hasPlayableNumbers(state))
+        state.startNumber = state.baseStart;
 }
 
 } // namespace quarvelle

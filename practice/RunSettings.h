@@ -21,9 +21,9 @@ void readCounts(ProgramState& state, const MainPage& page);
 /// columns), from the size and the numbers of the square.
 void measureBoard(ProgramState& state);
 
-/// Draws a `startNumber` from `baseStart` on such that the square's numbers stay within `maxDigits`
-/// characters; where the box asks for fewer starting numbers than there are, among that many. One draw, or
-/// two.
+/// Draws a `startNumber` from `baseStart` on, as many as keep the last number below 10 to the power
+/// `maxDigits`; where the box asks for fewer starting numbers than there are, among that many. One draw, or
+/// two. Keeps `baseStart` where the numbers drawn could be taken for blanks.
 void drawStartNumber(ProgramState& state, const MainPage& page, RandomSource& random);
 
 } // namespace quarvelle

@@ -50,6 +50,11 @@ void CaptionCheckBox::paintEvent(QPaintEvent*) {
     }
 }
 
+CaptionButton::CaptionButton(QWidget* parent) : QPushButton(parent) {
+    // Enter presses the button that has the focus, as Space does.
+    setAutoDefault(true);
+}
+
 QRectF CaptionButton::captionBox() const {
     return QRectF(rect()).adjusted(5, 3, -5, -3);
 }

@@ -44,7 +44,7 @@ class CaptionButton : public QPushButton {
     Q_OBJECT
 
 public:
-    using QPushButton::QPushButton;
+    explicit CaptionButton(QWidget* parent = nullptr);
     CaptionLayout captionLayout() const;
 
 protected:

@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimerEvent>
+#include <QtMath>
 
 namespace quarvelle {
 
@@ -44,8 +45,9 @@ void DrawingSurface::paintEvent(QPaintEvent*) {
 }
 
 void DrawingSurface::mousePressEvent(QMouseEvent* event) {
-    const QPoint at = event->position().toPoint();
-    emit pressed(static_cast<int>(event->button()), static_cast<int>(event->modifiers()), at.x(), at.y());
+    // On a scaled screen a press may lie between two pixels; it belongs to the one that it is in.
+    emit pressed(static_cast<int>(event->button()), static_cast<int>(event->modifiers()),
+                 qFloor(event->position().x()), qFloor(event->position().y()));
 }
 
 } // namespace quarvelle

@@ -11,29 +11,43 @@ namespace quarvelle {
 
 EntryBox::EntryBox(QWidget* parent) : QLineEdit(parent), m_typedLimit(maxLength()) {
     connect(this, &QLineEdit::textEdited, this, [this] {
-        makeRoom();
+        m_editUntold = true;
+        allow(text().size());
         if (!m_handlesKey)
-            emit keyReleased(KeyCode::none);
+            tellEdit();
     });
 }
 
 void EntryBox::setTypedLimit(int characters) {
     m_typedLimit = characters;
-    makeRoom();
+    allow(text().size());
 }
 
 void EntryBox::setProgramText(const std::string& newText) {
     const QString text = QString::fromStdString(newText);
-    setMaxLength(std::max(m_typedLimit, static_cast<int>(text.size())));
+    allow(text.size());
     setText(text);
+    m_editUntold = false;
 }
 
 double EntryBox::number() const {
     return leadingNumber(text().toStdString());
 }
 
-void EntryBox::makeRoom() {
-    setMaxLength(std::max(m_typedLimit, static_cast<int>(text().size())));
+/// Lets the box hold that many characters, and no fewer than may be typed.
+void EntryBox::allow(qsizetype characters) {
+    const int limit = std::max(m_typedLimit, static_cast<int>(characters));
+    // Setting even the same limit moves the cursor and forgets what could be undone.
+    if (limit == maxLength())
+        return;
+    const int cursor = cursorPosition();
+    setMaxLength(limit);
+    setCursorPosition(cursor);
+}
+
+void EntryBox::tellEdit() {
+    m_editUntold = false;
+    emit keyReleased(KeyCode::none);
 }
 
 void EntryBox::keyPressEvent(QKeyEvent* event) {
@@ -45,8 +59,16 @@ void EntryBox::keyPressEvent(QKeyEvent* event) {
 
 void EntryBox::keyReleaseEvent(QKeyEvent* event) {
     QLineEdit::keyReleaseEvent(event);
-    if (!event->isAutoRepeat())
-        emit keyReleased(keyCode(*event));
+    if (event->isAutoRepeat())
+        return;
+    m_editUntold = false;
+    emit keyReleased(keyCode(*event));
+}
+
+void EntryBox::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    if (m_editUntold)
+        tellEdit();
 }
 
 } // namespace quarvelle

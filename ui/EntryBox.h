@@ -6,7 +6,8 @@
 namespace quarvelle {
 
 /// A text box that tells of each key pressed and released in it, once each however long the key is held, and
-/// of edits made without a key (pasting or dropping with the mouse).
+/// of edits that no release in it will tell of (pasting or dropping with the mouse, leaving the box with the
+/// key still down).
 class EntryBox : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(int typedLimit READ typedLimit WRITE setTypedLimit)
@@ -32,12 +33,15 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    void makeRoom();
+    void allow(qsizetype characters);
+    void tellEdit();
 
     int m_typedLimit;
     bool m_handlesKey = false;
+    bool m_editUntold = false;
 };
 
 } // namespace quarvelle

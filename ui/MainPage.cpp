@@ -68,6 +68,13 @@ void MainPage::fitboard() {
     m_controls.Command1->setEnabled(playable && m_state.squareSize <= maxBatchOrder);
 }
 
+void MainPage::focusPractice() {
+    if (m_controls.Command4->isEnabled())
+        m_controls.Command4->setFocus();
+    else
+        m_controls.Text2->setFocus();
+}
+
 void MainPage::showcounts(int n) {
     const SquareCount count = squareCount(m_state, n);
     m_controls.Label4->setText(QString::fromStdString(count.question));

@@ -28,6 +28,8 @@ public:
     /// Offers practice only for a board that fits and batches only up to order 101, both only for numbers
     /// that can't be taken for blanks; says "(Larger than Page)" where practice is refused.
     void fitboard();
+    /// Gives the keyboard to the practice button, or to the size box while practice is refused.
+    void focusPractice();
 
 signals:
     void sizeAccepted(int n);

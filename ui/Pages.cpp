@@ -57,6 +57,7 @@ void Pages::show(MainWindow& window, int page) {
         popup->close();
     window.state().currentPage = page;
     menus.pages->setCurrentIndex(page);
+    menus.client->ensureVisible(0, 0);
     menus.options2->menuAction()->setVisible(shown.quit);
     menus.options1->menuAction()->setVisible(shown.running);
     for (QMenu* menu : {menus.printoptions, menus.puzzlemode, menus.size})
@@ -89,7 +90,7 @@ void Pages::chooseproperties_Click() {
 void Pages::Command6_Click() {
     m_window.propertiesPage().keepOneLineOption();
     returnToMain(m_window);
-    m_window.mainPage().controls().Command4->setFocus();
+    m_window.mainPage().focusPractice();
 }
 
 } // namespace quarvelle

@@ -51,46 +51,7 @@ TEST(Construction, IsCompleteForEveryOrder) {
             ScriptedEvents events;
             buildCompleteSquare(*state, random, events);
             expectComplete(*state);
-            // The record that the origin and its two axes leave.
-            EXPECT_EQ(at(state->square, {state->placedRow[1], state->placedColumn[1]}), s);
-            for (int k = 1; k <= 2 * n; ++k) {
-                const auto i = static_cast<std::size_t>(k);
-                EXPECT_EQ(at(state->square, {state->placedRow[i], state->placedColumn[i]}),
-                          realValue(state->placedValue[i], s, d));
-            }
         }
-}
-
-/// A draw in the middle of the part of [0, 1) that gives `value` of `limit`.
-double drawFor(int value, int limit) {
-    return (value + 0.5) / limit;
-}
-
-TEST(Construction, ReachesThe28800SquaresOfOrderFive) {
-    std::set<std::vector<double>> outcomes;
-    const auto state = std::make_unique<ProgramState>();
-    ScriptedEvents events;
-    for (int origin = 0; origin < 25; ++origin)
-        for (int direction = 0; direction < 2; ++direction) {
-            std::vector<int> first{0, 1, 2, 3};
-            do {
-                std::vector<int> second{0, 1, 2, 3};
-                do {
-                    std::vector<double> script{drawFor(origin / 5, 5), drawFor(origin % 5, 5),
-                                               drawFor(direction, 2)};
-                    for (const int value : first)
-                        script.push_back(drawFor(value, 4));
-                    script.push_back(drawFor(1 - direction, 2));
-                    for (const int value : second)
-                        script.push_back(drawFor(value, 4));
-                    ScriptedRandom random(script);
-                    buildCompleteSquare(*state, random, events);
-                    ASSERT_EQ(random.draws(), static_cast<int>(script.size()));
-                    outcomes.insert(numbersOf(*state));
-                } while (std::next_permutation(second.begin(), second.end()));
-            } while (std::next_permutation(first.begin(), first.end()));
-        }
-    EXPECT_EQ(outcomes.size(), 28800U);
 }
 
 /// Pearson's statistic of counts that should all be equal, in standard deviations from its mean.
@@ -156,25 +117,6 @@ TEST(Construction, RejectedDrawsMoveNothing) {
     EXPECT_EQ(first.square, second.square);
     EXPECT_EQ(plainDraws.draws(), static_cast<int>(plain.size()));
     EXPECT_EQ(repeatedDraws.draws(), static_cast<int>(repeated.size()));
-}
-
-TEST(Construction, StopsAtEveryYield) {
-    ScriptedEvents whole;
-    const auto state = std::make_unique<ProgramState>();
-    ScriptedRandom random;
-    buildCompleteSquare(*state, random, whole);
-    ASSERT_GT(whole.yields(), 25);
-    for (int stop = 1; stop <= whole.yields(); ++stop) {
-        *state = ProgramState{};
-        ScriptedRandom again;
-        ScriptedEvents events;
-        events.onYield = [&](int turn) {
-            state->stopRequested = turn == stop ? Request::stop : Request::none;
-        };
-        buildCompleteSquare(*state, again, events);
-        EXPECT_EQ(events.yields(), stop);
-        EXPECT_NE(state->square, state->puzzle) << "an unfinished square has no real values";
-    }
 }
 
 } // namespace

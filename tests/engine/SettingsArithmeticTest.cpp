@@ -6,6 +6,7 @@
 #include "engine/PrimeOrder.h"
 #include "engine/ProgramState.h"
 #include "engine/SquareCount.h"
+#include "practice/RunSettings.h"
 
 namespace quarvelle {
 namespace {
@@ -39,32 +40,37 @@ TEST(MagicArithmetic, CellWidthsAndFit) {
     const struct {
         std::int16_t n;
         double s, d;
-        int digits, width;
-        bool tooLarge, playable;
+        int maxDigits, digitWidth;
+        double cellWidth;
+        int columns, rows;
+        bool playable;
     } rows[] = {
-        {29, 1, 1, 3, 24, false, true},
-        {29, 1, 2, 4, 32, true, true},
-        {31, 1, 1, 3, 24, true, true},
-        {5, -5, 1, 3, 24, false, true},  // 19 is as long as -5
-        {5, -15, 1, 3, 24, false, true}, // 9 is shorter than -15
-        {5, -100, -1, 4, 32, false, true},
-        {5, -24, 1, 3, 24, false, true},
-        {5, 3, -1, 3, 24, false, true}, // 3 to -21
-        {5, 1, 1e13, 15, 120, false, true},
-        {7, 1, 1e14, 7, 56, false, true}, // "4.8E+15"
-        {5, 1e200, 1, 6, 48, false, false},
-        {5, 1, 1e199, 8, 64, false, false},
-        {5, 1e308, 1e308, 13, 104, false, false},
-        {32749, 1, 1, 10, 80, true, true},
+        {29, 1, 1, 3, 3, 24, 29, 29, true},
+        {29, 1, 1000, 6, 6, 48, 15, 29, true},
+        {31, 1, 1, 3, 3, 24, 31, 29, true},
+        {23, 1, 100, 5, 5, 40, 18, 23, true},
+        {5, -5, 1, 2, 3, 24, 5, 5, true},  // 19 is as long as -5
+        {5, -15, 1, 3, 3, 24, 5, 5, true}, // 9 is shorter than -15
+        {5, -100, -1, 4, 4, 32, 5, 5, true},
+        {5, 3, -1, 3, 3, 24, 5, 5, true},   // 3 to -21
+        {7, 1, 1e14, 7, 7, 56, 7, 7, true}, // "4.8E+15"
+        {5, 1e200, 1, 6, 6, 48, 5, 5, false},
+        {5, 1, 1e199, 8, 8, 64, 5, 5, false},
+        {5, 1e308, 1e308, 13, 13, 104, 5, 5, false},
+        {32749, 1, 1, 10, 10, 80, 9, 29, true},
     };
     for (const auto& row : rows) {
         ProgramState state;
         state.squareSize = row.n;
         state.startNumber = row.s;
         state.distance = row.d;
-        EXPECT_EQ(boardIsTooLarge(state), row.tooLarge) << row.n << ' ' << row.s << ' ' << row.d;
-        EXPECT_EQ(state.digitWidth, row.digits) << row.n << ' ' << row.s << ' ' << row.d;
-        EXPECT_EQ(state.cellWidth, row.width);
+        measureBoard(state);
+        EXPECT_EQ(state.maxDigits, row.maxDigits) << row.n << ' ' << row.s << ' ' << row.d;
+        EXPECT_EQ(state.digitWidth, row.digitWidth) << row.n << ' ' << row.s << ' ' << row.d;
+        EXPECT_EQ(state.cellWidth, row.cellWidth);
+        EXPECT_EQ(state.visibleColumns, row.columns);
+        EXPECT_EQ(state.visibleRows, row.rows);
+        EXPECT_EQ(boardIsTooLarge(state), row.columns < row.n || row.rows < row.n);
         EXPECT_EQ(hasPlayableNumbers(state), row.playable);
     }
 }
@@ -79,24 +85,6 @@ TEST(PrimeOrder, AcceptsThePrimesThatASieveFinds) {
         ASSERT_EQ(primetest(state, x), x >= 5 && !composite[static_cast<std::size_t>(x)]) << x;
     for (const double x : {5.5, 32771.0, 1e18, 1e308, -7.0, std::nan("")})
         EXPECT_FALSE(primetest(state, x)) << x;
-}
-
-TEST(PrimeOrder, StepsToTheNextOrder) {
-    const struct {
-        double from;
-        int step;
-        double to;
-    } rows[] = {
-        {7, 1, 11},         {11, -1, 7},       {0, 1, 5},          {4, 1, 5},          {9, 1, 11},
-        {9, -1, 7},         {29, 1, 31},       {6, -1, 5},         {-3, 1, -3},        {7.5, 1, 7.5},
-        {40000, -1, 40000}, {32749, 1, 32749}, {32767, -1, 32749}, {1e300, -1, 1e300}, {5, -1, 5},
-    };
-    for (const auto& row : rows) {
-        ProgramState state;
-        state.sizeEntry = row.from;
-        EXPECT_EQ(stepToOrder(state, row.step), row.to != row.from);
-        EXPECT_EQ(state.sizeEntry, row.to);
-    }
 }
 
 TEST(SquareCount, StatesTheNumbersOfEachSize) {

@@ -86,27 +86,6 @@ TEST(Board, ShowsAnswersAndSigns) {
     }
 }
 
-TEST(Board, ShowsAsManyCellsAsFit) {
-    const struct {
-        int n;
-        double s, d;
-        double cellWidth;
-        int columns, rows;
-    } rows[] = {{29, 1, 1, 24, 29, 29},          {29, 1, 1000, 48, 15, 29}, {31, 1, 1, 24, 31, 29},
-                {23, 1, 100, 40, 18, 23},        {5, 1.5, 1e-9, 88, 5, 5},  {7, 1e20, 1e307, 104, 7, 7},
-                {101, -0.123, 1e-12, 104, 7, 29}};
-    for (const auto& row : rows) {
-        ProgramState state;
-        state.squareSize = static_cast<std::int16_t>(row.n);
-        state.startNumber = row.s;
-        state.distance = row.d;
-        measureBoard(state);
-        EXPECT_EQ(state.cellWidth, row.cellWidth) << row.n << ' ' << row.d;
-        EXPECT_EQ(state.visibleColumns, row.columns) << row.n << ' ' << row.d;
-        EXPECT_EQ(state.visibleRows, row.rows);
-    }
-}
-
 TEST(Board, CondensesWideNumbers) {
     // Replayed, a number never leaves its room, however wide it is.
     DrawingSurface surface;

@@ -6,6 +6,8 @@ namespace quarvelle {
 namespace {
 
 using testing::Cell;
+using testing::pressKey;
+using testing::typeText;
 using testing::WindowFixture;
 
 class PracticeTest : public WindowFixture {
@@ -39,8 +41,7 @@ TEST_F(PracticeTest, PlaysSquareAfterSquare) {
     practise({
         [&] {
             EXPECT_EQ(title(), score(7, 0, 0, 0));
-            EXPECT_TRUE(window().boardPage().isVisible() && page().Text2->isHidden() == false);
-            EXPECT_FALSE(page().Command4->isVisible());
+            EXPECT_TRUE(window().boardPage().isVisible() && !page().Command4->isVisible());
             EXPECT_TRUE(menus().options1->menuAction()->isVisible());
             EXPECT_FALSE(menus().size->menuAction()->isVisible());
             EXPECT_EQ(state().puzzleMode, PuzzleMode::puzzles);
@@ -105,7 +106,7 @@ TEST_F(PracticeTest, SelectsCellsByTheirPixels) {
             EXPECT_EQ(Cell(state().selectedRow, state().selectedColumn), expected) << row.x << ' ' << row.y;
         }
         press(blank);
-        QTest::keyClicks(&answerBox(), "1");
+        typeText(window(), "1");
         press(blank);
         EXPECT_EQ(answerBox().text(), "1") << "the open box keeps what was typed";
         window().boardPage().closeAnswerBox();
@@ -118,20 +119,37 @@ TEST_F(PracticeTest, SelectsCellsByTheirPixels) {
         EXPECT_FALSE(answerBox().isVisible()) << "not while a square is being made";
         window().setWindowTitle(QString::fromStdString(shown));
     }});
-    const auto before = std::pair(state().selectedRow, state().selectedColumn);
-    window().boardPage().pressed(1, 0, 10, 10);
-    EXPECT_EQ(std::pair(state().selectedRow, state().selectedColumn), before) << "no practice, no selection";
 }
 
-TEST_F(PracticeTest, TakesAnswersByNumberOrText) {
+TEST_F(PracticeTest, TakesAnswersByNumberOrTextAndShowsThemWhole) {
     const struct {
-        const char *start, *distance;
-    } rows[] = {{"1", "1"}, {"-3", "1"}, {"1", "0.5"}, {"0.1", "0.1"}, {"-24", "1"}, {"1E+16", "1E+12"}};
+        const char *size, *start, *distance;
+    } rows[] = {{"5", "1", "1"},   {"5", "-3", "1"}, {"5", "1", "0.5"},       {"5", "0.1", "0.1"},
+                {"5", "-24", "1"}, {"29", "1", "1"}, {"5", "1E+15", "1E+11"}, {"7", "1", "1E-9"}};
     for (const auto& row : rows) {
+        type(page().Text2, row.size);
         type(page().text4, row.start);
         type(page().Text5, row.distance);
         practise({
-            [&] { answerAll(); },
+            [&] {
+                QString widest;
+                press(firstBlank());
+                const QFontMetricsF metrics(answerBox().font());
+                for (int i = 1; i <= state().squareSize; ++i)
+                    for (int j = 1; j <= state().squareSize; ++j) {
+                        const auto text = QString::fromStdString(answerAt({i, j}));
+                        widest = metrics.horizontalAdvance(text) > metrics.horizontalAdvance(widest) ? text
+                                                                                                     : widest;
+                    }
+                typeText(window(), widest);
+                EXPECT_EQ(answerBox().text(), widest);
+                EXPECT_LT(metrics.horizontalAdvance(widest), answerBox().width());
+                EXPECT_EQ(answerBox().cursorPositionAt({0, 9}), 0) << widest.toStdString() << " has scrolled";
+                EXPECT_EQ(answerBox().geometry(), QRect(state().selectedCellX, state().selectedCellY,
+                                                        static_cast<int>(state().cellWidth) + 1, 18));
+                answerBox().clear();
+                answerAll();
+            },
             [&] {
                 EXPECT_EQ(state().squaresSolved, 1) << row.start << ' ' << row.distance;
                 EXPECT_EQ(state().numbersIncorrect, 0);
@@ -140,13 +158,25 @@ TEST_F(PracticeTest, TakesAnswersByNumberOrText) {
                 press(blank);
                 answerBox().setProgramText(number < 0 ? "-00" + answerAt(blank).substr(1)
                                                       : "00" + answerAt(blank));
-                QTest::keyClick(&answerBox(), Qt::Key_Enter);
+                pressKey(window(), Qt::Key_Enter);
                 EXPECT_FALSE(isBlank(testing::at(state().puzzle, blank))) << "zeros in front don't matter";
                 const int signRoom = row.start[0] == '-' && number >= 0 ? 3 : 0;
                 EXPECT_EQ(texts().back().point.x(), state().selectedCellX - 1 + signRoom);
             },
         });
     }
+}
+
+TEST_F(PracticeTest, RefusesWhatTidyingMakesTooLarge) {
+    type(page().Text2, "23");
+    type(page().text4, "9990");
+    type(page().Text5, "-1");
+    ASSERT_TRUE(page().Command4->isEnabled());
+    click(page().Command4);
+    EXPECT_EQ(state().distance, 1);
+    EXPECT_EQ(state().currentPage, Page::main);
+    EXPECT_FALSE(page().Command4->isEnabled());
+    EXPECT_EQ(events.yields(), 0);
 }
 
 TEST_F(PracticeTest, TidiesTheSettings) {
@@ -177,39 +207,27 @@ TEST_F(PracticeTest, TidiesTheSettings) {
     }
 }
 
-TEST_F(PracticeTest, DrawsStartingNumbersInRange) {
+TEST_F(PracticeTest, DrawsStartingNumbers) {
     const struct {
         const char *size, *start, *distance, *starts;
-        double lowest, highest;
+        std::vector<double> draws;
+        double drawn;
     } rows[] = {
-        {"5", "1", "1", "3", 1, 3},
-        {"7", "1", "1", "1000", 1, 50},
-        {"5", "-5", "1", "1E+300", -5, 75},
-        {"29", "1", "1", "100", 1, 100},
-        {"5", "1E+100", "1E+90", "5", 0, 1e100},
-        {"5", "0.5", "0.1", "2", 0.5, 1.5},
+        {"5", "1", "1", "3", {0.9, 0.99}, 3},      // as many as asked for
+        {"7", "1", "1", "1000", {0.99}, 49},       // 1 to 49 of two digits
+        {"5", "-5", "1", "1E+300", {0.5}, 34},     // -5 + floor(79 / 2)
+        {"5", "0.5", "0.1", "2", {0.1, 0.6}, 1.5}, // whole steps
+        {"5", "75", "1", "3", {0.5}, 74},          // no room at all
+        {"5", "-9.9E+199", "7E198", "2", {0.9}, -9.9e199},
     };
-    QTest::mouseClick(page().Check1, Qt::LeftButton);
-    ASSERT_TRUE(page().Check1->isChecked());
+    click(page().Check1);
     for (const auto& row : rows) {
         type(page().Text2, row.size);
         type(page().text4, row.start);
         type(page().Text5, row.distance);
         type(page().Text7, row.starts);
-        std::set<double> starts;
-        std::vector<std::function<void()>> actions;
-        for (int square = 0; square < 12; ++square)
-            actions.emplace_back([&] {
-                EXPECT_GE(state().startNumber, row.lowest) << row.start;
-                EXPECT_LE(state().startNumber, row.highest) << row.start;
-                EXPECT_EQ(state().startNumber,
-                          *std::min_element(&state().square[1][1], &state().square[1][1] + 1) -
-                              (state().square[1][1] - state().startNumber));
-                starts.insert(state().startNumber);
-                menus().newsquare->trigger();
-            });
-        practise(actions);
-        EXPECT_GT(starts.size(), 1U) << row.start;
+        random = testing::ScriptedRandom(row.draws);
+        practise({[&] { EXPECT_EQ(state().startNumber, row.drawn) << row.start; }});
         EXPECT_EQ(numberText(state().startNumber), row.start) << "the typed number is back";
     }
 }
@@ -244,55 +262,56 @@ TEST_F(PracticeTest, MenusSteerTheRun) {
     EXPECT_TRUE(!menus().pboth->isChecked() && !menus().highlighted->isChecked());
 }
 
-TEST_F(PracticeTest, StopsAbandonsAndClosesAtEveryKindOfYield) {
-    // Turns of the first square: its axes, its filling, its blanks, the first look at the player.
-    int axes = 0;
-    int filling = 0;
-    events.onYield = [&](int turn) {
-        axes += state().placeIndex <= 10 && state().practising && state().stopRequested == 0 ? 1 : 0;
-        filling = state().stopRequested == Request::none ? turn : filling;
-    };
+TEST_F(PracticeTest, StopsAbandonsAndClosesAtEveryYield) {
     type(page().Text3, "4");
     practise({});
-    const int lastYield = events.yields();
-    const auto turns = {1, axes, axes + 2, filling, filling + 1, lastYield - 1, lastYield};
+    // Its axes, its filling, its blanks, and the first look at the player.
+    const int turnsOfASquare = events.yields();
+    ASSERT_GT(turnsOfASquare, 40);
     const std::function<void()> requests[] = {
         [this] { QTest::keyClick(page().Text2, Qt::Key_Q, Qt::ShiftModifier); },
         [this] { menus().qplaying->trigger(); },
-        [this] { menus().newsquare->trigger(); },
         [this] { window().close(); },
+        [this] { menus().newsquare->trigger(); },
     };
+    const auto& abandon = requests[3];
     for (const auto& request : requests)
-        for (const int turn : turns) {
+        for (int turn = 1; turn <= turnsOfASquare; ++turn) {
             window().show();
             random = testing::ScriptedRandom();
-            const int base = events.yields();
-            const int waitsBefore = events.waits();
+            events = testing::ScriptedEvents();
             events.onYield = [&](int now) {
-                if (now - base == turn)
+                if (now == turn)
                     request();
             };
-            events.onWait = [&](int) { QTest::keyClick(&window(), Qt::Key_Q); };
+            int shownAt = 0;
+            events.onWait = [&](int) {
+                shownAt = events.yields();
+                pressKey(window(), Qt::Key_Q);
+            };
             click(page().Command4);
             EXPECT_EQ(state().practising, 0);
             EXPECT_EQ(state().currentPage, Page::main);
             EXPECT_EQ(title(), "Quarvelle");
-            const bool stops = &request != &requests[2];
-            EXPECT_EQ(events.waits() > waitsBefore, !stops) << turn;
-            EXPECT_EQ(window().isVisible(), &request != &requests[3]);
             EXPECT_EQ(state().squaresSolved, 0);
+            EXPECT_EQ(window().isVisible(), &request != &requests[2]);
+            if (&request != &abandon) {
+                EXPECT_EQ(events.yields(), turn) << "nothing goes on after the stop";
+            } else {
+                EXPECT_EQ(shownAt > turnsOfASquare, turn == turnsOfASquare) << "only the player's wait looks";
+            }
         }
 }
 
 TEST_F(PracticeTest, QStopsWhicheverControlHasTheKeyboard) {
     practise({[&] {
         press(firstBlank());
-        QTest::keyClick(&answerBox(), Qt::Key_Q);
+        pressKey(window(), Qt::Key_Q);
     }});
     practise({[&] {
         menus().options1->popup({0, 0});
         ASSERT_TRUE(menus().options1->isVisible());
-        QTest::keyClick(menus().options1, Qt::Key_Q);
+        pressKey(window(), Qt::Key_Q);
     }});
     EXPECT_FALSE(menus().options1->isVisible());
 }

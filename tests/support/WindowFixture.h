@@ -5,6 +5,7 @@
 
 #include "app/Program.h"
 #include "practice/Titles.h"
+#include "tests/support/Keys.h"
 #include "tests/support/Lines.h"
 #include "tests/support/Scripted.h"
 #include "ui/BoardPage.h"
@@ -17,7 +18,11 @@ namespace quarvelle::testing {
 /// The whole program on a window of its own, with scripted draws and turns.
 class WindowFixture : public ::testing::Test {
 protected:
-    WindowFixture() { window().show(); }
+    WindowFixture() {
+        window().show();
+        window().activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+    }
 
     MainWindow& window() { return program.window(); }
     ProgramState& state() { return window().state(); }
@@ -27,12 +32,12 @@ protected:
     EntryBox& answerBox() { return window().boardPage().answerBox(); }
     std::string title() { return window().windowTitle().toStdString(); }
 
-    /// Replaces a box's text as a person does, key by key.
-    void type(EntryBox* box, const char* text) {
-        box->setFocus();
-        box->selectAll();
-        QTest::keyClick(box, Qt::Key_Delete);
-        QTest::keyClicks(box, text);
+    /// Replaces a box's text as a person does, with the mouse and then key by key.
+    void type(EntryBox* box, const QString& text) {
+        QTest::mouseClick(box, Qt::LeftButton);
+        pressKey(window(), Qt::Key_A, Qt::ControlModifier);
+        pressKey(window(), Qt::Key_Delete);
+        typeText(window(), text);
     }
 
     void click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
@@ -45,8 +50,8 @@ protected:
 
     void answer(Cell cell, const std::string& text) {
         press(cell);
-        QTest::keyClicks(&answerBox(), QString::fromStdString(text));
-        QTest::keyClick(&answerBox(), Qt::Key_Return);
+        typeText(window(), QString::fromStdString(text));
+        pressKey(window(), Qt::Key_Return);
     }
 
     /// Practises: the player acts each time the run waits, and stops when there is nothing left to do.
@@ -56,7 +61,7 @@ protected:
             if (next < actions.size())
                 actions[next++]();
             else
-                QTest::keyClick(&window(), Qt::Key_Q);
+                pressKey(window(), Qt::Key_Q);
         };
         click(page().Command4);
         EXPECT_EQ(next, actions.size());

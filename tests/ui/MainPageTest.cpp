@@ -5,6 +5,8 @@
 namespace quarvelle {
 namespace {
 
+using testing::pressKey;
+using testing::typeText;
 using testing::WindowFixture;
 
 class MainPageTest : public WindowFixture {
@@ -82,19 +84,24 @@ TEST_F(MainPageTest, StepsTheSizeWithTheArrows) {
         const char* shown;
         int size;
     } rows[] = {
-        {"7", Qt::Key_Up, "11", 11},           {"11", Qt::Key_Down, "7", 7},
-        {"5", Qt::Key_Down, "5", 5},           {"", Qt::Key_Up, "5", 5},
-        {"29", Qt::Key_Up, "31", 31},          {"9", Qt::Key_Down, "7", 7},
-        {"-3", Qt::Key_Up, "-3", 7},           {"5.5", Qt::Key_Up, "5.5", 5},
-        {"32749", Qt::Key_Up, "32749", 32749}, {"99999", Qt::Key_Down, "99999", 32749},
+        {"7", Qt::Key_Up, "11", 11},
+        {"11", Qt::Key_Down, "7", 7},
+        {"5", Qt::Key_Down, "5", 5},
+        {"", Qt::Key_Up, "5", 5},
+        {"29", Qt::Key_Up, "31", 31},
+        {"9", Qt::Key_Down, "7", 7},
+        {"4", Qt::Key_Up, "5", 5},
+        {"6", Qt::Key_Down, "5", 5},
+        {"-3", Qt::Key_Up, "-3", 5},
+        {"5.5", Qt::Key_Up, "5.5", 5},
+        {"32749", Qt::Key_Up, "32749", 32749},
+        {"99999", Qt::Key_Down, "99999", 32749},
     };
     for (const auto& row : rows) {
         type(page().Text2, row.typed);
-        QTest::keyClick(page().Text2, row.key);
+        pressKey(window(), row.key);
         EXPECT_EQ(page().Text2->text(), row.shown);
-        if (row.typed[0] != '5') {
-            EXPECT_EQ(state().squareSize, row.size) << row.typed;
-        }
+        EXPECT_EQ(state().squareSize, row.size) << row.typed;
     }
 }
 
@@ -119,12 +126,34 @@ TEST_F(MainPageTest, HandlesAHeldKeyOnceAndEveryPaste) {
     EXPECT_EQ(page().Label18->text().toStdString(), "Last number equals: 64");
 }
 
+TEST_F(MainPageTest, BoxesEditLikeTextBoxes) {
+    type(page().text4, "123");
+    pressKey(window(), Qt::Key_Home);
+    typeText(window(), "98");
+    EXPECT_EQ(page().text4->text(), "98123");
+    pressKey(window(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_NE(page().text4->text(), "98123");
+
+    // The last digit's key comes up in the next box.
+    type(page().text4, "1");
+    QTest::keyPress(page().text4, Qt::Key_5);
+    page().Text5->setFocus();
+    EXPECT_EQ(page().Label18->text().toStdString(), "Last number equals: 39");
+}
+
+TEST_F(MainPageTest, EnterPressesTheFocusedButton) {
+    menus().chooseproperties->trigger();
+    properties().Command6->setFocus();
+    pressKey(window(), Qt::Key_Return);
+    EXPECT_EQ(state().currentPage, Page::main);
+}
+
 TEST_F(MainPageTest, SizeMenuWorksOnEveryPage) {
+    type(page().Text5, "2");
     click(page().Command2);
     EXPECT_TRUE(window().informationPage().isVisible());
     EXPECT_FALSE(menus().options2->menuAction()->isVisible());
     EXPECT_FALSE(menus().chooseproperties->isEnabled());
-    type(page().Text5, "2");
     menus().sqr29->trigger();
     EXPECT_EQ(marked(), "sqr29");
     menus().larger->trigger();
