@@ -1,8 +1,11 @@
 #include "packaging/demo/BoardReader.h"
 
-#include <QHash>
 #include <QPainter>
 #include <array>
+#include <cstdlib>
+#include <functional>
+#include <limits>
+#include <numeric>
 #include <stdexcept>
 
 #include "ui/Drawing.h"
@@ -23,42 +26,74 @@ int blackRun(const QImage& picture, QPoint from, QPoint step) {
     return length;
 }
 
-/// The pixels between a cell's grid lines, but for the last column, where the first digit of an answer in the
-/// next cell may reach.
-QByteArray cellPixels(const QImage& picture, QPoint corner, int cellWidth) {
-    const QImage cell = picture.copy(corner.x() + 1, corner.y() + 1, cellWidth - 2, rowHeight - 1)
-                            .convertToFormat(QImage::Format_RGB32);
-    return QByteArray(reinterpret_cast<const char*>(cell.constBits()), cell.sizeInBytes());
+/// The brightness of each pixel between a cell's grid lines, but for the last column, where the first digit
+/// of an answer in the next cell may reach.
+QByteArray insideOf(const QImage& gray, QPoint corner, int cellWidth) {
+    QByteArray inside;
+    for (int y = corner.y() + 1; y < corner.y() + rowHeight; ++y)
+        inside.append(reinterpret_cast<const char*>(gray.constScanLine(y)) + corner.x() + 1, cellWidth - 2);
+    return inside;
 }
 
-QByteArray drawnCell(const QString& text, int inset, int cellWidth) {
-    QImage cell(cellWidth + 1, rowHeight + 1, QImage::Format_RGB32);
-    cell.fill(Qt::white);
+int difference(const QByteArray& a, const QByteArray& b) {
+    return std::transform_reduce(a.begin(), a.end(), b.begin(), 0, std::plus<>(), [](char left, char right) {
+        return std::abs(static_cast<unsigned char>(left) - static_cast<unsigned char>(right));
+    });
+}
+
+struct Look {
+    QByteArray inside;
+    int rank;
+};
+
+/// What each number looks like in a cell, given or answered. All are drawn in one go, since how far the
+/// digits are condensed may depend on the widest number of a drawing.
+std::vector<Look> looksOf(const std::vector<QString>& texts, int cellWidth) {
+    constexpr std::array<int, 2> insets{2, -1};
+    const auto corner = [cellWidth](std::size_t column, int rank) {
+        return QPoint(cellWidth + 2 * static_cast<int>(column) * cellWidth, (rank + 1) * rowHeight);
+    };
+    const auto count = static_cast<int>(texts.size());
     Drawing drawing;
-    drawing.drawText(inset, 3, text, cellWidth - 1 - inset);
-    QPainter painter(&cell);
+    for (int rank = 0; rank < count; ++rank) {
+        const QString& text = texts[static_cast<std::size_t>(rank)];
+        const int signRoom = texts.front().startsWith('-') && !text.startsWith('-') ? 3 : 0;
+        for (std::size_t column = 0; column < insets.size(); ++column) {
+            const int inset = insets[column] + signRoom;
+            const QPoint at = corner(column, rank) + QPoint(inset, 3);
+            drawing.drawText(at.x(), at.y(), text, cellWidth - 1 - inset);
+        }
+    }
+    const QPoint end = corner(insets.size(), count);
+    QImage picture(end.x(), end.y(), QImage::Format_Grayscale8);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
     drawing.replay(painter);
     painter.end();
-    return cellPixels(cell, QPoint(), cellWidth);
+
+    std::vector<Look> looks;
+    for (int rank = Board::blank; rank < count; ++rank)
+        for (std::size_t column = 0; column < insets.size(); ++column)
+            looks.push_back({insideOf(picture, corner(column, rank), cellWidth), rank});
+    return looks;
 }
 
-/// What each number looks like in a cell, given or answered.
-QHash<QByteArray, int> looks(const std::vector<QString>& texts, int cellWidth) {
-    constexpr int givenInset = 2;
-    constexpr int answerInset = -1;
-    QHash<QByteArray, int> ranks{{drawnCell({}, 0, cellWidth), Board::blank}};
-    int rank = 0;
-    for (const QString& text : texts) {
-        const int signRoom = texts.front().startsWith('-') && !text.startsWith('-') ? 3 : 0;
-        for (const int inset : {givenInset, answerInset}) {
-            const QByteArray pixels = drawnCell(text, inset + signRoom, cellWidth);
-            if (ranks.value(pixels, rank) != rank)
-                throw std::runtime_error("two numbers look alike: " + text.toStdString());
-            ranks.insert(pixels, rank);
+/// The number that a cell looks most like. Something is allowed for how condensed digits fall between pixels;
+/// for a blank, which has no ink, nothing.
+int rankOf(const QByteArray& inside, const std::vector<Look>& looks) {
+    const Look* best = nullptr;
+    int least = std::numeric_limits<int>::max();
+    for (const Look& look : looks) {
+        const int found = difference(inside, look.inside);
+        if (found < least) {
+            least = found;
+            best = &look;
         }
-        ++rank;
     }
-    return ranks;
+    const int ink = difference(inside, looks.front().inside);
+    if (least > ink / 3)
+        throw std::runtime_error("a cell shows something else than a number of the square");
+    return best->rank;
 }
 
 /// The grid: its size from its black edges, checked against every line inside it.
@@ -139,15 +174,12 @@ void requireDifferentNumbers(const Board& board) {
 
 Board readBoard(const QImage& picture, int order, const std::vector<QString>& texts) {
     Board board = findGrid(picture, order);
-    const QHash<QByteArray, int> ranks = looks(texts, board.cellWidth);
+    const QImage gray = picture.convertToFormat(QImage::Format_Grayscale8);
+    const std::vector<Look> looks = looksOf(texts, board.cellWidth);
     for (int y = 0; y < order; ++y) {
         for (int x = 0; x < order; ++x) {
             const QPoint corner = board.corner + QPoint(x * board.cellWidth, y * rowHeight);
-            const auto found = ranks.find(cellPixels(picture, corner, board.cellWidth));
-            if (found == ranks.end())
-                throw std::runtime_error("cell (" + std::to_string(x + 1) + ", " + std::to_string(y + 1) +
-                                         ") can't be read");
-            board.ranks.push_back(*found);
+            board.ranks.push_back(rankOf(insideOf(gray, corner, board.cellWidth), looks));
         }
     }
     requireDifferentNumbers(board);
