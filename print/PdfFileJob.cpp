@@ -44,7 +44,10 @@ QString PdfFileJob::finish() {
     return m_file.commit() ? QString() : failure();
 }
 
-QString PdfFileJob::failure() const {
+QString PdfFileJob::failure() {
+    // A write that was cut short leaves no reason behind; the next one does.
+    if (m_file.isOpen())
+        m_file.flush();
     return QString("The file %1 could not be written: %2.").arg(m_file.fileName(), m_file.errorString());
 }
 

@@ -21,7 +21,7 @@ public:
     QString finish() override;
 
 private:
-    QString failure() const;
+    QString failure();
 
     QSaveFile m_file;
     QPdfWriter m_writer;

@@ -15,7 +15,9 @@ QString lastQueueRefusal() {
     const auto lastErrorText = reinterpret_cast<LastErrorText>(client.resolve("cupsLastErrorString"));
     if (lastError == nullptr || lastErrorText == nullptr || lastError() < firstError)
         return {};
-    const QString text = QString::fromUtf8(lastErrorText());
+    QString text = QString::fromUtf8(lastErrorText());
+    if (text.endsWith('.'))
+        text.chop(1);
     return text.isEmpty() ? QString("error %1").arg(lastError()) : text;
 }
 

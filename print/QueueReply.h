@@ -4,8 +4,8 @@
 
 namespace quarvelle {
 
-/// Why the print server did not take the job that this thread gave it last; an empty text if it did, or if
-/// this system has no print server to ask.
+/// Why the print server did not take the job that this thread gave it last, in its own words without a full
+/// stop; an empty text if it did, or if this system has no print server to ask.
 QString lastQueueRefusal();
 
 } // namespace quarvelle
