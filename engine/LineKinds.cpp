@@ -13,7 +13,7 @@ constexpr std::array<double, lineKindCount> markers{1e200, 1e201, 1e202, 1e203, 
 constexpr std::array<Step, wholeLineKinds> steps{{{1, 0}, {0, 1}, {1, -1}, {1, 1}}};
 
 using Shape = std::array<Step, 4>;
-using Family = std::array<Shape, 5>;
+using Family = std::array<Shape, kindsPerFamily>;
 
 // In each family the anchor is the centre first, then each of the four arms.
 constexpr Family crossDiagonal{{
@@ -42,6 +42,26 @@ constexpr Family scattered(Family family) {
 constexpr std::array<Family, 4> families{crossDiagonal, scattered(crossDiagonal), crossLine,
                                          scattered(crossLine)};
 
+constexpr const Shape& shape(int kind) {
+    const auto index = static_cast<std::size_t>(kind - wholeLineKinds - 1);
+    return families[index / kindsPerFamily][index % kindsPerFamily];
+}
+
+/// The mean of a shape's five cells, the anchor's own offset being zero.
+constexpr Step mean(const Shape& offsets) {
+    Step sum;
+    for (const Step offset : offsets)
+        sum = {sum.row + offset.row, sum.column + offset.column};
+    return {sum.row / 5, sum.column / 5};
+}
+
+constexpr auto centres = [] {
+    std::array<Step, lineKindCount - wholeLineKinds> all{};
+    for (int kind = wholeLineKinds + 1; kind <= lineKindCount; ++kind)
+        all[static_cast<std::size_t>(kind - wholeLineKinds - 1)] = mean(shape(kind));
+    return all;
+}();
+
 } // namespace
 
 Step wholeLineStep(int kind) {
@@ -49,8 +69,11 @@ Step wholeLineStep(int kind) {
 }
 
 const std::array<Step, 4>& shapeOffsets(int kind) {
-    const auto index = static_cast<std::size_t>(kind - wholeLineKinds - 1);
-    return families[index / 5][index % 5];
+    return shape(kind);
+}
+
+Step shapeCentre(int kind) {
+    return centres[static_cast<std::size_t>(kind - wholeLineKinds - 1)];
 }
 
 double blankMarker(int kind) {
