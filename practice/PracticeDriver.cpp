@@ -1,7 +1,5 @@
 #include "practice/PracticeDriver.h"
 
-#include <algorithm>
-
 #include "engine/Construction.h"
 #include "engine/EventQueue.h"
 #include "engine/LineKinds.h"
@@ -26,15 +24,12 @@ void resetPosition(ProgramState& state) {
     state.pageColumn = state.pageRow = 1;
 }
 
-/// The longest text among the square's numbers; of texts with equal length, any.
-std::string longestText(const ProgramState& state) {
-    std::string longest;
+QStringList textsOfNumbers(const ProgramState& state) {
+    QStringList texts;
     for (int row = 1; row <= state.squareSize; ++row)
         for (int column = 1; column <= state.squareSize; ++column)
-            longest =
-                std::max(numberText(cellAt(state.square, row, column)), longest,
-                         [](const std::string& a, const std::string& b) { return a.size() < b.size(); });
-    return longest;
+            texts << QString::fromStdString(numberText(cellAt(state.square, row, column)));
+    return texts;
 }
 
 } // namespace
@@ -103,7 +98,7 @@ bool PracticeDriver::makePuzzle() {
 void PracticeDriver::showPuzzle() {
     ProgramState& state = m_window.state();
     BoardPage& board = m_window.boardPage();
-    board.fitAnswerBox(static_cast<int>(state.cellWidth), QString::fromStdString(longestText(state)));
+    board.fitAnswerBox(static_cast<int>(state.cellWidth), textsOfNumbers(state));
     showsquare(state, board);
     state.remainingBlanks = state.placeIndex;
     m_window.showTitle(scoreTitle(state));

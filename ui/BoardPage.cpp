@@ -1,6 +1,7 @@
 #include "ui/BoardPage.h"
 
 #include <QFontMetricsF>
+#include <algorithm>
 
 #include "ui/Fonts.h"
 
@@ -12,15 +13,21 @@ BoardPage::BoardPage(QWidget* parent) : DrawingSurface(parent) {
     answerBox().setTextMargins(-2, 0, -2, 0);
 }
 
-void BoardPage::fitAnswerBox(int cellWidth, const QString& longestText) {
-    answerBox().resize(cellWidth + 1, 18);
-    answerBox().setTypedLimit(static_cast<int>(longestText.size()));
-    constexpr double cursorRoom = 2;
+void BoardPage::fitAnswerBox(int cellWidth, const QStringList& numbers) {
     QFont font = boardFont();
-    const double natural = QFontMetricsF(font).horizontalAdvance(longestText);
+    const QFontMetricsF metrics(font);
+    qsizetype longest = 0;
+    double widest = 0;
+    for (const QString& number : numbers) {
+        longest = std::max(longest, number.size());
+        widest = std::max(widest, metrics.horizontalAdvance(number));
+    }
+    answerBox().resize(cellWidth + 1, 18);
+    answerBox().setTypedLimit(static_cast<int>(longest));
+    constexpr double cursorRoom = 2;
     const double room = answerBox().width() - cursorRoom;
-    if (natural > room)
-        font.setStretch(static_cast<int>(100 * room / natural));
+    if (widest > room)
+        font.setStretch(static_cast<int>(100 * room / widest));
     answerBox().setFont(font);
 }
 

@@ -14,8 +14,9 @@ public:
 
     EntryBox& answerBox() const { return *m_controls.Text6; }
 
-    /// Sizes the box for a cell and lets it take `longestText` whole: its limit, and a font narrow enough.
-    void fitAnswerBox(int cellWidth, const QString& longestText);
+    /// Sizes the box for a cell and lets it take and show each of `numbers` whole: its limit is the longest of
+    /// them, its font narrow enough for the widest.
+    void fitAnswerBox(int cellWidth, const QStringList& numbers);
     /// Empties the box, moves it to a cell's corner and gives it the keyboard.
     void openAnswerBox(int left, int top);
     void closeAnswerBox();

@@ -1,0 +1,301 @@
+#include "engine/LineKinds.h"
+#include "engine/Numbers.h"
+#include "tests/support/WindowFixture.h"
+
+namespace quarvelle {
+namespace {
+
+using testing::Cell;
+using testing::WindowFixture;
+
+class PracticeTest : public WindowFixture {
+protected:
+    std::string score(int n, int solved, int correct, int incorrect) {
+        const auto text = [](int number) { return numberText(number); };
+        return "Number of (" + text(n) + " by " + text(n) +
+               ") Complete Magic Square(s) solved: " + text(solved) + " / Numbers correct: " + text(correct) +
+               " / Numbers incorrect: " + text(incorrect);
+    }
+    Cell firstBlank() { return *testing::blanksOf(state()).begin(); }
+    std::string answerAt(Cell cell) { return numberText(testing::at(state().square, cell)); }
+    void answerAll() {
+        for (const Cell& cell : testing::blanksOf(state()))
+            answer(cell, answerAt(cell));
+    }
+    std::vector<TextAtPoint> texts() {
+        std::vector<TextAtPoint> texts;
+        for (const DrawingItem& item : window().boardPage().drawing().items())
+            if (const auto* text = std::get_if<TextAtPoint>(&item))
+                texts.push_back(*text);
+        return texts;
+    }
+};
+
+TEST_F(PracticeTest, PlaysSquareAfterSquare) {
+    type(page().Text2, "7");
+    type(page().Text3, "3");
+    menus().panswers->trigger();
+    Grid first{};
+    practise({
+        [&] {
+            EXPECT_EQ(title(), score(7, 0, 0, 0));
+            EXPECT_TRUE(window().boardPage().isVisible() && page().Text2->isHidden() == false);
+            EXPECT_FALSE(page().Command4->isVisible());
+            EXPECT_TRUE(menus().options1->menuAction()->isVisible());
+            EXPECT_FALSE(menus().size->menuAction()->isVisible());
+            EXPECT_EQ(state().puzzleMode, PuzzleMode::puzzles);
+            EXPECT_EQ(state().remainingBlanks, 4);
+            first = state().square;
+            const Cell blank = firstBlank();
+            answer(blank, "0");
+            answer(blank, "");
+            answer(blank, "x");
+            answer(blank, "1000");
+            EXPECT_TRUE(answerBox().isVisible() && answerBox().text().isEmpty());
+            answer(blank, answerAt(blank));
+            EXPECT_EQ(title(), score(7, 0, 1, 2));
+            EXPECT_TRUE(answerBox().isHidden() && !answerBox().isEnabled());
+            EXPECT_EQ(state().remainingBlanks, 3);
+            EXPECT_EQ(texts().back().point, QPoint(7 + 24 * (blank.first - 1), 11 + 18 * (blank.second - 1)));
+            EXPECT_EQ(texts().back().text.toStdString(), answerAt(blank));
+        },
+        [&] {
+            EXPECT_EQ(state().square, first) << "still the same square";
+            answerAll();
+        },
+        [&] {
+            EXPECT_EQ(title(), score(7, 1, 3, 2));
+            EXPECT_NE(state().square, first);
+            EXPECT_EQ(state().remainingBlanks, 4);
+            EXPECT_EQ(texts().size(), 46U) << "the earlier board is gone";
+        },
+    });
+    EXPECT_EQ(title(), "Quarvelle");
+    EXPECT_EQ(state().puzzleMode, PuzzleMode::answers);
+    EXPECT_EQ(state().squaresSolved, 1);
+    EXPECT_TRUE(page().Command4->isVisible() && page().Command4->isEnabled());
+    EXPECT_TRUE(texts().empty());
+}
+
+TEST_F(PracticeTest, SelectsCellsByTheirPixels) {
+    type(page().Text3, "6");
+    practise({[&] {
+        const auto blanks = testing::blanksOf(state());
+        const Cell blank = *std::find_if(blanks.begin(), blanks.end(),
+                                         [](const Cell& cell) { return cell.first > 1 && cell.second > 1; });
+        const int left = 8 + 24 * (blank.first - 1);
+        const int top = 8 + 18 * (blank.second - 1);
+        const struct {
+            int x, y;
+            Cell hit;
+        } rows[] = {
+            {left, top, blank},
+            {left + 23, top + 17, blank},
+            {left - 1, top, {blank.first - 1, blank.second}},
+            {left, top - 1, {blank.first, blank.second - 1}},
+            {left + 24, top, {blank.first + 1, blank.second}},
+            {8 + 24 * 5, top, {0, 0}},
+            {left, 8 + 18 * 5, {0, 0}},
+            {7, top, {0, 0}},
+        };
+        for (const auto& row : rows) {
+            state().selectedRow = state().selectedColumn = 0;
+            QTest::mouseClick(&window().boardPage(), Qt::LeftButton, {}, {row.x, row.y});
+            const Cell expected = blanks.count(row.hit) ? row.hit : Cell{0, 0};
+            EXPECT_EQ(Cell(state().selectedRow, state().selectedColumn), expected) << row.x << ' ' << row.y;
+        }
+        press(blank);
+        QTest::keyClicks(&answerBox(), "1");
+        press(blank);
+        EXPECT_EQ(answerBox().text(), "1") << "the open box keeps what was typed";
+        window().boardPage().closeAnswerBox();
+        press(blank);
+        EXPECT_TRUE(answerBox().isVisible()) << "the cell selected last can be chosen again";
+        const std::string shown = title();
+        window().setWindowTitle("Creating (5 by 5) Complete Magic Square (with blanks)");
+        window().boardPage().closeAnswerBox();
+        press(blank);
+        EXPECT_FALSE(answerBox().isVisible()) << "not while a square is being made";
+        window().setWindowTitle(QString::fromStdString(shown));
+    }});
+    const auto before = std::pair(state().selectedRow, state().selectedColumn);
+    window().boardPage().pressed(1, 0, 10, 10);
+    EXPECT_EQ(std::pair(state().selectedRow, state().selectedColumn), before) << "no practice, no selection";
+}
+
+TEST_F(PracticeTest, TakesAnswersByNumberOrText) {
+    const struct {
+        const char *start, *distance;
+    } rows[] = {{"1", "1"}, {"-3", "1"}, {"1", "0.5"}, {"0.1", "0.1"}, {"-24", "1"}, {"1E+16", "1E+12"}};
+    for (const auto& row : rows) {
+        type(page().text4, row.start);
+        type(page().Text5, row.distance);
+        practise({
+            [&] { answerAll(); },
+            [&] {
+                EXPECT_EQ(state().squaresSolved, 1) << row.start << ' ' << row.distance;
+                EXPECT_EQ(state().numbersIncorrect, 0);
+                const Cell blank = firstBlank();
+                const double number = testing::at(state().square, blank);
+                press(blank);
+                answerBox().setProgramText(number < 0 ? "-00" + answerAt(blank).substr(1)
+                                                      : "00" + answerAt(blank));
+                QTest::keyClick(&answerBox(), Qt::Key_Enter);
+                EXPECT_FALSE(isBlank(testing::at(state().puzzle, blank))) << "zeros in front don't matter";
+                const int signRoom = row.start[0] == '-' && number >= 0 ? 3 : 0;
+                EXPECT_EQ(texts().back().point.x(), state().selectedCellX - 1 + signRoom);
+            },
+        });
+    }
+}
+
+TEST_F(PracticeTest, TidiesTheSettings) {
+    const struct {
+        const char *distanceBefore, *blanks, *start, *distance, *starts, *count;
+        const char *blanksAfter, *startAfter, *distanceAfter, *startsAfter, *countAfter;
+        double distanceUsed;
+    } rows[] = {
+        {"1", "", "", "", "0", "", "1", "0", "1", "2", "0", 1},
+        {"1", "007", "007", "2.50", "3x", "12", "7", "7", "2.5", "3x", "12", 2.5},
+        {"2", "0", "x", "0", "-1", "1", "1", "0", "1", "2", "1", 1},
+        {"2", "0.5", "1", "-3", "1", "1", "1", "1", "1", "1", "1", 1},
+        {"1", "-9", "1e2", "1e-3", "1", "1", "1", "100", "0.001", "1", "1", 0.001},
+    };
+    for (const auto& row : rows) {
+        type(page().Text5, row.distanceBefore);
+        type(page().Text3, row.blanks);
+        type(page().text4, row.start);
+        type(page().Text5, row.distance);
+        type(page().Text7, row.starts);
+        type(page().Text1, row.count);
+        practise({[&] { EXPECT_EQ(state().distance, row.distanceUsed); }});
+        EXPECT_EQ(page().Text3->text(), row.blanksAfter);
+        EXPECT_EQ(page().text4->text(), row.startAfter);
+        EXPECT_EQ(page().Text5->text(), row.distanceAfter);
+        EXPECT_EQ(page().Text7->text(), row.startsAfter);
+        EXPECT_EQ(page().Text1->text(), row.countAfter);
+    }
+}
+
+TEST_F(PracticeTest, DrawsStartingNumbersInRange) {
+    const struct {
+        const char *size, *start, *distance, *starts;
+        double lowest, highest;
+    } rows[] = {
+        {"5", "1", "1", "3", 1, 3},
+        {"7", "1", "1", "1000", 1, 50},
+        {"5", "-5", "1", "1E+300", -5, 75},
+        {"29", "1", "1", "100", 1, 100},
+        {"5", "1E+100", "1E+90", "5", 0, 1e100},
+        {"5", "0.5", "0.1", "2", 0.5, 1.5},
+    };
+    QTest::mouseClick(page().Check1, Qt::LeftButton);
+    ASSERT_TRUE(page().Check1->isChecked());
+    for (const auto& row : rows) {
+        type(page().Text2, row.size);
+        type(page().text4, row.start);
+        type(page().Text5, row.distance);
+        type(page().Text7, row.starts);
+        std::set<double> starts;
+        std::vector<std::function<void()>> actions;
+        for (int square = 0; square < 12; ++square)
+            actions.emplace_back([&] {
+                EXPECT_GE(state().startNumber, row.lowest) << row.start;
+                EXPECT_LE(state().startNumber, row.highest) << row.start;
+                EXPECT_EQ(state().startNumber,
+                          *std::min_element(&state().square[1][1], &state().square[1][1] + 1) -
+                              (state().square[1][1] - state().startNumber));
+                starts.insert(state().startNumber);
+                menus().newsquare->trigger();
+            });
+        practise(actions);
+        EXPECT_GT(starts.size(), 1U) << row.start;
+        EXPECT_EQ(numberText(state().startNumber), row.start) << "the typed number is back";
+    }
+}
+
+TEST_F(PracticeTest, MenusSteerTheRun) {
+    Grid square{};
+    practise({
+        [&] {
+            answer(firstBlank(), answerAt(firstBlank()));
+            answer(firstBlank(), "1E9");
+            square = state().square;
+            menus().newsquare->trigger();
+        },
+        [&] {
+            EXPECT_EQ(title(), score(5, 0, 1, 1)) << "dropped without counting";
+            EXPECT_NE(state().square, square);
+            press(firstBlank());
+            menus().startover->trigger();
+        },
+        [&] {
+            EXPECT_EQ(title(), score(5, 0, 0, 0));
+            EXPECT_FALSE(answerBox().isVisible());
+            menus().qplaying->trigger();
+        },
+    });
+    for (QAction* item : {menus().easy, menus().nhighlighted, menus().ppuzzles, menus().easy})
+        item->trigger();
+    EXPECT_EQ(state().difficulty, Difficulty::easy);
+    EXPECT_EQ(state().highlightAnswers, 0);
+    EXPECT_EQ(state().puzzleMode, PuzzleMode::puzzles);
+    EXPECT_TRUE(menus().easy->isChecked() && !menus().challenging->isChecked());
+    EXPECT_TRUE(!menus().pboth->isChecked() && !menus().highlighted->isChecked());
+}
+
+TEST_F(PracticeTest, StopsAbandonsAndClosesAtEveryKindOfYield) {
+    // Turns of the first square: its axes, its filling, its blanks, the first look at the player.
+    int axes = 0;
+    int filling = 0;
+    events.onYield = [&](int turn) {
+        axes += state().placeIndex <= 10 && state().practising && state().stopRequested == 0 ? 1 : 0;
+        filling = state().stopRequested == Request::none ? turn : filling;
+    };
+    type(page().Text3, "4");
+    practise({});
+    const int lastYield = events.yields();
+    const auto turns = {1, axes, axes + 2, filling, filling + 1, lastYield - 1, lastYield};
+    const std::function<void()> requests[] = {
+        [this] { QTest::keyClick(page().Text2, Qt::Key_Q, Qt::ShiftModifier); },
+        [this] { menus().qplaying->trigger(); },
+        [this] { menus().newsquare->trigger(); },
+        [this] { window().close(); },
+    };
+    for (const auto& request : requests)
+        for (const int turn : turns) {
+            window().show();
+            random = testing::ScriptedRandom();
+            const int base = events.yields();
+            const int waitsBefore = events.waits();
+            events.onYield = [&](int now) {
+                if (now - base == turn)
+                    request();
+            };
+            events.onWait = [&](int) { QTest::keyClick(&window(), Qt::Key_Q); };
+            click(page().Command4);
+            EXPECT_EQ(state().practising, 0);
+            EXPECT_EQ(state().currentPage, Page::main);
+            EXPECT_EQ(title(), "Quarvelle");
+            const bool stops = &request != &requests[2];
+            EXPECT_EQ(events.waits() > waitsBefore, !stops) << turn;
+            EXPECT_EQ(window().isVisible(), &request != &requests[3]);
+            EXPECT_EQ(state().squaresSolved, 0);
+        }
+}
+
+TEST_F(PracticeTest, QStopsWhicheverControlHasTheKeyboard) {
+    practise({[&] {
+        press(firstBlank());
+        QTest::keyClick(&answerBox(), Qt::Key_Q);
+    }});
+    practise({[&] {
+        menus().options1->popup({0, 0});
+        ASSERT_TRUE(menus().options1->isVisible());
+        QTest::keyClick(menus().options1, Qt::Key_Q);
+    }});
+    EXPECT_FALSE(menus().options1->isVisible());
+}
+
+} // namespace
+} // namespace quarvelle

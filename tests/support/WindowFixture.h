@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "app/Program.h"
+#include "practice/Titles.h"
+#include "tests/support/Lines.h"
+#include "tests/support/Scripted.h"
+#include "ui/BoardPage.h"
+#include "ui/InformationPage.h"
+#include "ui/MainPage.h"
+#include "ui/PropertiesPage.h"
+
+namespace quarvelle::testing {
+
+/// The whole program on a window of its own, with scripted draws and turns.
+class WindowFixture : public ::testing::Test {
+protected:
+    WindowFixture() { window().show(); }
+
+    MainWindow& window() { return program.window(); }
+    ProgramState& state() { return window().state(); }
+    const Ui::MainPage& page() { return window().mainPage().controls(); }
+    const Ui::PropertiesPage& properties() { return window().propertiesPage().controls(); }
+    const Ui::MagicSquare2& menus() { return window().menus(); }
+    EntryBox& answerBox() { return window().boardPage().answerBox(); }
+    std::string title() { return window().windowTitle().toStdString(); }
+
+    /// Replaces a box's text as a person does, key by key.
+    void type(EntryBox* box, const char* text) {
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClick(box, Qt::Key_Delete);
+        QTest::keyClicks(box, text);
+    }
+
+    void click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
+
+    /// A press in the middle of a cell of the board.
+    void press(Cell cell) {
+        const int x = 8 + static_cast<int>((cell.first - 0.5) * state().cellWidth);
+        QTest::mouseClick(&window().boardPage(), Qt::LeftButton, {}, {x, 8 + 18 * cell.second - 9});
+    }
+
+    void answer(Cell cell, const std::string& text) {
+        press(cell);
+        QTest::keyClicks(&answerBox(), QString::fromStdString(text));
+        QTest::keyClick(&answerBox(), Qt::Key_Return);
+    }
+
+    /// Practises: the player acts each time the run waits, and stops when there is nothing left to do.
+    void practise(std::vector<std::function<void()>> actions) {
+        std::size_t next = 0;
+        events.onWait = [&, actions](int) {
+            if (next < actions.size())
+                actions[next++]();
+            else
+                QTest::keyClick(&window(), Qt::Key_Q);
+        };
+        click(page().Command4);
+        EXPECT_EQ(next, actions.size());
+        EXPECT_EQ(state().currentPage, Page::main);
+    }
+
+    ScriptedRandom random;
+    ScriptedEvents events;
+    Program program{random, events};
+};
+
+} // namespace quarvelle::testing
