@@ -24,7 +24,6 @@ void makeblanks(ProgramState& state) {
     // cells.
     std::vector<Deduction> needed{{candidate, state.lineKind}};
     CellSet reached;
-    reached.insert(candidate);
     state.blankAccepted = 1;
     for (std::size_t i = 0; i < needed.size() && state.blankAccepted == 1; ++i) {
         const auto [blank, kind] = needed[i];
