@@ -77,10 +77,11 @@ struct Times {
     double longestStretch = 0;
 };
 
+constexpr double never = 1e9;
+
 /// Adds what the square and the blanks of one seed take, the best of `repeats`: whatever else the machine
 /// does only makes a run longer.
 void addSeed(Times& times, const Task& task, float seed, int repeats) {
-    constexpr double never = 1e9;
     double construction = never;
     double selection = never;
     double stretch = never;
@@ -111,15 +112,19 @@ void addSeed(Times& times, const Task& task, float seed, int repeats) {
     times.longestStretch = std::max(times.longestStretch, stretch);
 }
 
-double literalSeconds(const Task& task, float seed) {
-    const auto state = stateFor(task);
-    SeededRandom random(seed);
-    CountingEvents events;
-    testing::Literal literal(*state, random, events);
-    literal.buildCompleteSquare();
-    const auto start = Clock::now();
-    literal.selectBlanks();
-    return secondsSince(start);
+double literalSeconds(const Task& task, float seed, int repeats) {
+    double best = never;
+    for (int repeat = 0; repeat < repeats; ++repeat) {
+        const auto state = stateFor(task);
+        SeededRandom random(seed);
+        CountingEvents events;
+        testing::Literal literal(*state, random, events);
+        literal.buildCompleteSquare();
+        const auto start = Clock::now();
+        literal.selectBlanks();
+        best = std::min(best, secondsSince(start));
+    }
+    return best;
 }
 
 void measure(const Task& task) {
@@ -129,7 +134,7 @@ void measure(const Task& task) {
     Times times;
     for (int seed = 1; seed <= seeds; ++seed) {
         addSeed(times, task, static_cast<float>(seed), repeats);
-        times.literal += literalSeconds(task, static_cast<float>(seed));
+        times.literal += literalSeconds(task, static_cast<float>(seed), task.order < 53 ? 3 : 2);
     }
     std::printf("%d,%s,%s,%s,%.3g,%.3g,%.3g,%.0f,%.3g\n", task.order, task.options.name,
                 task.difficulty == Difficulty::easy ? "easy" : "challenging",

@@ -42,26 +42,6 @@ constexpr Family scattered(Family family) {
 constexpr std::array<Family, 4> families{crossDiagonal, scattered(crossDiagonal), crossLine,
                                          scattered(crossLine)};
 
-constexpr const Shape& shape(int kind) {
-    const auto index = static_cast<std::size_t>(kind - wholeLineKinds - 1);
-    return families[index / kindsPerFamily][index % kindsPerFamily];
-}
-
-/// The mean of a shape's five cells, the anchor's own offset being zero.
-constexpr Step mean(const Shape& offsets) {
-    Step sum;
-    for (const Step offset : offsets)
-        sum = {sum.row + offset.row, sum.column + offset.column};
-    return {sum.row / 5, sum.column / 5};
-}
-
-constexpr auto centres = [] {
-    std::array<Step, lineKindCount - wholeLineKinds> all{};
-    for (int kind = wholeLineKinds + 1; kind <= lineKindCount; ++kind)
-        all[static_cast<std::size_t>(kind - wholeLineKinds - 1)] = mean(shape(kind));
-    return all;
-}();
-
 } // namespace
 
 Step wholeLineStep(int kind) {
@@ -69,11 +49,16 @@ Step wholeLineStep(int kind) {
 }
 
 const std::array<Step, 4>& shapeOffsets(int kind) {
-    return shape(kind);
+    const auto index = static_cast<std::size_t>(kind - wholeLineKinds - 1);
+    return families[index / kindsPerFamily][index % kindsPerFamily];
 }
 
 Step shapeCentre(int kind) {
-    return centres[static_cast<std::size_t>(kind - wholeLineKinds - 1)];
+    // The mean of the five cells, the anchor's own offset being zero.
+    Step sum;
+    for (const Step offset : shapeOffsets(kind))
+        sum = {sum.row + offset.row, sum.column + offset.column};
+    return {sum.row / 5, sum.column / 5};
 }
 
 double blankMarker(int kind) {
