@@ -102,6 +102,7 @@ int expectEqual(const Settings& settings) {
     EXPECT_EQ(expected.turns.size(), actual.turns.size());
     EXPECT_EQ(expected.draws, actual.draws);
     EXPECT_TRUE(expected.state->puzzle == actual.state->puzzle);
+    EXPECT_TRUE(settings.stopAt != 0 || expected.state->square == actual.state->square);
     EXPECT_EQ(expected.state->placeIndex, actual.state->placeIndex);
     EXPECT_EQ(expected.state->attemptCount, actual.state->attemptCount);
     EXPECT_EQ(expected.state->stopRequested, actual.state->stopRequested);
