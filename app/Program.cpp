@@ -3,13 +3,15 @@
 #include "practice/AnswerEntry.h"
 #include "practice/MenuCommands.h"
 #include "practice/PracticeDriver.h"
+#include "print/Batch.h"
 
 namespace quarvelle {
 
-Program::Program(RandomSource& random, EventQueue& events) {
+Program::Program(RandomSource& random, EventQueue& events) : m_printer(m_window) {
     new MenuCommands(m_window);
     new AnswerEntry(m_window);
     new PracticeDriver(m_window, random, events);
+    new Batch(m_window, random, events, m_printer);
 }
 
 } // namespace quarvelle

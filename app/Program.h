@@ -2,6 +2,7 @@
 
 #include "engine/EventQueue.h"
 #include "engine/Random.h"
+#include "print/QtPrinter.h"
 #include "ui/MainWindow.h"
 
 namespace quarvelle {
@@ -16,6 +17,7 @@ public:
 
 private:
     MainWindow m_window;
+    QtPrinter m_printer;
 };
 
 } // namespace quarvelle

@@ -5,14 +5,10 @@
 
 namespace quarvelle {
 
-namespace {
-
 std::string orderByOrder(const ProgramState& state) {
     const std::string order = numberText(state.squareSize);
     return "(" + order + " by " + order + ")";
 }
-
-} // namespace
 
 std::string constructionTitle(const ProgramState& state) {
     return "Creating " + orderByOrder(state) + " Complete Magic Square (with blanks)";

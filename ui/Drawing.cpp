@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <algorithm>
 
 #include "ui/Fonts.h"
 
@@ -9,25 +10,39 @@ namespace quarvelle {
 
 namespace {
 
+/// Width drawn over natural width such that every text of the list fits its room; at most 1.
+double condensedBy(const std::vector<DrawingItem>& items, const QFontMetricsF& metrics) {
+    double condensed = 1;
+    for (const DrawingItem& item : items)
+        if (const auto* text = std::get_if<TextAtPoint>(&item))
+            condensed = std::min(condensed, text->room / metrics.horizontalAdvance(text->text));
+    return condensed;
+}
+
 class Replay {
 public:
-    explicit Replay(QPainter& painter) : m_painter(painter), m_metrics(painter.font(), painter.device()) {}
+    Replay(QPainter& painter, const std::vector<DrawingItem>& items)
+        : m_painter(painter), m_metrics(painter.font(), painter.device()),
+          m_condensed(condensedBy(items, m_metrics)) {}
 
     void operator()(const FilledRectangle& item) const { m_painter.fillRect(item.rectangle, item.color); }
 
     void operator()(const TextAtPoint& item) const {
-        const double width = m_metrics.horizontalAdvance(item.text);
-        m_painter.save();
-        m_painter.translate(item.point.x(), item.point.y() + m_metrics.ascent());
-        if (width > item.room)
-            m_painter.scale(item.room / width, 1);
-        m_painter.drawText(QPointF(0, 0), item.text);
-        m_painter.restore();
+        const double baseline = item.point.y() + m_metrics.ascent();
+        if (m_condensed == 1) {
+            m_painter.drawText(QPointF(item.point.x(), baseline), item.text);
+            return;
+        }
+        const QTransform natural = m_painter.transform();
+        m_painter.scale(m_condensed, 1);
+        m_painter.drawText(QPointF(item.point.x() / m_condensed, baseline), item.text);
+        m_painter.setTransform(natural);
     }
 
 private:
     QPainter& m_painter;
     QFontMetricsF m_metrics;
+    double m_condensed;
 };
 
 } // namespace
@@ -44,7 +59,7 @@ void Drawing::replay(QPainter& painter) const {
     painter.save();
     painter.setFont(boardFont());
     painter.setPen(Qt::black);
-    const Replay replay(painter);
+    const Replay replay(painter, m_items);
     for (const DrawingItem& item : m_items)
         std::visit(replay, item);
     painter.restore();

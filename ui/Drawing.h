@@ -17,7 +17,7 @@ struct FilledRectangle {
     bool operator==(const FilledRectangle&) const = default;
 };
 
-/// Text with its top-left corner at a point, in pixels; condensed where it is wider than `room`.
+/// Text with its top-left corner at a point and `room` for its width, in pixels.
 struct TextAtPoint {
     QPoint point;
     QString text;
@@ -27,17 +27,28 @@ struct TextAtPoint {
 
 using DrawingItem = std::variant<FilledRectangle, TextAtPoint>;
 
-/// What was drawn, in order. Screen and paper replay the same list, so they can't drift apart.
-class Drawing {
+/// What can be drawn on, in pixels.
+class Canvas {
 public:
+    virtual ~Canvas() = default;
+
     /// From corner (`left`, `top`) to corner (`right`, `bottom`), both included.
-    void fillRectangle(int left, int top, int right, int bottom, const QColor& color);
-    void drawText(int x, int y, const QString& text, double room);
+    virtual void fillRectangle(int left, int top, int right, int bottom, const QColor& color) = 0;
+    /// In black, the top-left corner at (`x`, `y`), no wider than `room`, which is positive.
+    virtual void drawText(int x, int y, const QString& text, double room) = 0;
+};
+
+/// What was drawn, in order. Screen and paper replay the same list, so they can't drift apart.
+class Drawing final : public Canvas {
+public:
+    void fillRectangle(int left, int top, int right, int bottom, const QColor& color) override;
+    void drawText(int x, int y, const QString& text, double room) override;
     void clear() { m_items.clear(); }
 
     const std::vector<DrawingItem>& items() const { return m_items; }
 
-    /// Draws the list in the board's font and black, in the painter's coordinates.
+    /// Draws the list in the board's font and black, in the painter's coordinates. Where one text is too wide
+    /// for its room, all are condensed alike, so that digits have one width.
     void replay(QPainter& painter) const;
 
 private:

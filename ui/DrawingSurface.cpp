@@ -2,21 +2,39 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimerEvent>
 
 namespace quarvelle {
 
 void DrawingSurface::fillRectangle(int left, int top, int right, int bottom, const QColor& color) {
     m_drawing.fillRectangle(left, top, right, bottom, color);
-    update();
+    repaintSoon();
 }
 
 void DrawingSurface::drawText(int x, int y, const QString& text, double room) {
     m_drawing.drawText(x, y, text, room);
-    update();
+    repaintSoon();
 }
 
 void DrawingSurface::clear() {
     m_drawing.clear();
+    repaintSoon();
+}
+
+/// A batch changes the drawing far more often than a screen shows it, and to paint it takes longer than to
+/// make it.
+void DrawingSurface::repaintSoon() {
+    constexpr int milliseconds = 16;
+    if (!m_repaint.isActive())
+        m_repaint.start(milliseconds, this);
+}
+
+void DrawingSurface::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != m_repaint.timerId()) {
+        QWidget::timerEvent(event);
+        return;
+    }
+    m_repaint.stop();
     update();
 }
 

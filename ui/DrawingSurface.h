@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBasicTimer>
 #include <QWidget>
 
 #include "ui/Drawing.h"
@@ -7,7 +8,7 @@
 namespace quarvelle {
 
 /// The widget that shows a drawing and tells of mouse buttons pressed on it, in the drawing's pixels.
-class DrawingSurface : public QWidget {
+class DrawingSurface : public QWidget, public Canvas {
     Q_OBJECT
 
 public:
@@ -15,8 +16,8 @@ public:
 
     const Drawing& drawing() const { return m_drawing; }
 
-    void fillRectangle(int left, int top, int right, int bottom, const QColor& color);
-    void drawText(int x, int y, const QString& text, double room);
+    void fillRectangle(int left, int top, int right, int bottom, const QColor& color) override;
+    void drawText(int x, int y, const QString& text, double room) override;
     void clear();
 
 signals:
@@ -25,9 +26,13 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
+    void repaintSoon();
+
     Drawing m_drawing;
+    QBasicTimer m_repaint;
 };
 
 } // namespace quarvelle

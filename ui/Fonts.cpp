@@ -23,7 +23,10 @@ QFont controlFont() {
 }
 
 QFont boardFont() {
-    return sansSerif(13);
+    QFont font = sansSerif(13);
+    // Digits of one width line up; kerning would pull the ones in 11 and 111 together.
+    font.setKerning(false);
+    return font;
 }
 
 } // namespace quarvelle

@@ -80,8 +80,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    // Seen on the application, so that the key counts whichever control or menu has the keyboard.
-    if (event->type() == QEvent::KeyPress) {
+    // Seen on the application, so that the key counts whichever control or menu has the keyboard. A dialog's
+    // keys are its own: a file name may have a Q in it.
+    if (event->type() == QEvent::KeyPress && QApplication::activeModalWidget() == nullptr) {
         const auto& key = static_cast<const QKeyEvent&>(*event);
         Form_KeyDown(keyCode(key), static_cast<int>(key.modifiers()));
     }

@@ -27,6 +27,19 @@ constexpr std::array<PageMenus, 4> pageMenus{{
     {false, false, true, false},
 }};
 
+/// An item of a run's "Options", shown in practice or in a batch.
+struct RunItem {
+    QAction* Ui::MagicSquare2::*action;
+    bool inPractice;
+};
+
+constexpr std::array<RunItem, 4> runItems{{
+    {&Ui::MagicSquare2::aprinting, false},
+    {&Ui::MagicSquare2::newsquare, true},
+    {&Ui::MagicSquare2::startover, true},
+    {&Ui::MagicSquare2::qplaying, true},
+}};
+
 } // namespace
 
 Pages::Pages(MainWindow& window) : QObject(&window), m_window(window) {
@@ -49,6 +62,8 @@ void Pages::show(MainWindow& window, int page) {
     for (QMenu* menu : {menus.printoptions, menus.puzzlemode, menus.size})
         menu->menuAction()->setVisible(shown.settings);
     menus.chooseproperties->setEnabled(shown.chooseProperties);
+    for (const RunItem& item : runItems)
+        (menus.*item.action)->setVisible(item.inPractice == (window.state().practising == 1));
 }
 
 void Pages::returnToMain(MainWindow& window) {

@@ -14,8 +14,8 @@ public:
     /// Becomes a child of the window.
     explicit Pages(MainWindow& window);
 
-    /// Shows a page (a value of `Page`) with its menus, and names it in `currentPage`. A menu that is open is
-    /// closed.
+    /// Shows a page (a value of `Page`) with its menus, and names it in `currentPage`. The board has the menu
+    /// of practice where `practising` is 1, else that of a batch. A menu that is open is closed.
     static void show(MainWindow& window, int page);
     /// Shows the main page with its buttons in agreement with the settings.
     static void returnToMain(MainWindow& window);

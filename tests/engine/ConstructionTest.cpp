@@ -93,6 +93,54 @@ TEST(Construction, ReachesThe28800SquaresOfOrderFive) {
     EXPECT_EQ(outcomes.size(), 28800U);
 }
 
+/// Pearson's statistic of counts that should all be equal, in standard deviations from its mean.
+double chiSquareDeviation(const std::vector<int>& counts) {
+    const double expected =
+        std::accumulate(counts.begin(), counts.end(), 0.0) / static_cast<double>(counts.size());
+    double chiSquare = 0;
+    for (const int count : counts)
+        chiSquare += (count - expected) * (count - expected) / expected;
+    const double freedom = static_cast<double>(counts.size()) - 1;
+    return (chiSquare - freedom) / std::sqrt(2 * freedom);
+}
+
+TEST(Construction, IsUniform) {
+    const auto state = std::make_unique<ProgramState>();
+    ScriptedEvents events;
+    SeededRandom random(43200.25F);
+    // The cell of 1 and the places of 2 to 6, 11, 16 and 21 tell the squares of order 5 apart.
+    std::map<std::array<int, 9>, int> squares;
+    for (int draw = 0; draw < 30 * 28800; ++draw) {
+        buildCompleteSquare(*state, random, events);
+        std::array<int, 9> places{};
+        for (int cell = 0; cell < 25; ++cell) {
+            const auto value = static_cast<int>(at(state->square, {1 + cell / 5, 1 + cell % 5}));
+            if (value <= 6 || value % 5 == 1)
+                places[static_cast<std::size_t>(value <= 6 ? value - 1 : 4 + value / 5)] = cell;
+        }
+        ++squares[places];
+    }
+    std::vector<int> counts;
+    for (const auto& [places, count] : squares)
+        counts.push_back(count);
+    EXPECT_EQ(counts.size(), 28800U);
+    EXPECT_LT(std::fabs(chiSquareDeviation(counts)), 4);
+
+    for (const int n : {7, 13}) {
+        state->squareSize = static_cast<std::int16_t>(n);
+        std::vector<int> origins(static_cast<std::size_t>(n * n));
+        std::vector<int> directions(12); // ordered pairs of different ones
+        for (int draw = 0; draw < 12000; ++draw) {
+            buildCompleteSquare(*state, random, events);
+            ++origins[static_cast<std::size_t>((state->placedRow[1] - 1) * n + state->placedColumn[1] - 1)];
+            const int second = state->stepDirection - (state->stepDirection > state->firstDirection ? 2 : 1);
+            ++directions[static_cast<std::size_t>((state->firstDirection - 1) * 3 + second)];
+        }
+        EXPECT_LT(std::fabs(chiSquareDeviation(origins)), 4);
+        EXPECT_LT(std::fabs(chiSquareDeviation(directions)), 4);
+    }
+}
+
 TEST(Construction, RejectedDrawsMoveNothing) {
     // Used values and the first direction again are drawn over; the square is the one without them.
     const std::vector<double> plain{0.1, 0.3, 0.7, 0.1, 0.4, 0.6, 0.9, 0.2, 0.9, 0.6, 0.4, 0.1};

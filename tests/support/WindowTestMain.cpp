@@ -1,6 +1,8 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
+#include "tests/support/QtWarnings.h"
+
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -8,5 +10,6 @@ int main(int argc, char** argv) {
     // Windows come and go between tests; none of them ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
     ::testing::InitGoogleTest(&argc, argv);
+    quarvelle::testing::onQtWarning([](const QString& text) { ADD_FAILURE() << text.toStdString(); });
     return RUN_ALL_TESTS();
 }

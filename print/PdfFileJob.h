@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QPageLayout>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+
+#include "print/Printer.h"
+
+namespace quarvelle {
+
+/// Sheets written into a PDF file. The file appears, or replaces an earlier one, when the job has finished
+/// and every byte of it has been written.
+class PdfFileJob final : public PrintJob {
+public:
+    PdfFileJob(const QString& fileName, const QPageLayout& layout, const QString& documentName);
+    ~PdfFileJob() override;
+
+    QString begin() override;
+    QString print(const Sheet& sheet) override;
+    QString finish() override;
+
+private:
+    QString failure() const;
+
+    QSaveFile m_file;
+    QPdfWriter m_writer;
+    QPainter m_painter;
+};
+
+} // namespace quarvelle
