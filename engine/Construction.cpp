@@ -121,14 +121,14 @@ bool fillSquare(ProgramState& state, RandomSource& random, EventQueue& events) {
     const int n = state.squareSize;
     state.anchorRow = 1 + random.below(n);
     state.anchorCol = 1 + random.below(n);
-    const int direction = drawDirection(state, random);
-    const Axis first{1, 1, stepOf(direction)};
+    state.stepDirection = drawDirection(state, random);
+    const Axis first{1, 1, stepOf(state.stepDirection)};
     if (!layAxis(state, first, random, events))
         return false;
-    int other = direction;
-    while (other == direction)
-        other = drawDirection(state, random);
-    const Axis second{n + 1, n, stepOf(other)};
+    state.firstDirection = state.stepDirection;
+    while (state.stepDirection == state.firstDirection)
+        state.stepDirection = drawDirection(state, random);
+    const Axis second{n + 1, n, stepOf(state.stepDirection)};
     return layAxis(state, second, random, events) && fillBlocks(state, first, second, events);
 }
 

@@ -120,6 +120,8 @@ struct ProgramState {
     // Working fields of construction and blank selection.
     int curRow = 0, curCol = 0;       ///< the cursor
     int anchorRow = 0, anchorCol = 0; ///< the origin, or the cell in hand
+    int firstDirection = 0;           ///< code 1 to 4 of the first axis's knight step
+    int stepDirection = 0;            ///< that of the axis laid last
     int placeIndex = 0;               ///< blanks placed plus one
     std::array<int, lineKindCount + 1> lineUsable{};
     std::array<int, lineKindCount + 1> lineBlankCount{};
