@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bitset>
 
 #include "engine/EventQueue.h"
 #include "engine/LineKinds.h"
@@ -16,6 +17,15 @@ namespace {
 /// The knight steps by direction code 1 to 4.
 constexpr std::array<Step, 5> directionSteps{{{0, 0}, {1, 2}, {-1, 2}, {2, 1}, {-2, 1}}};
 
+/// One of the two axes through the origin: entries `first` to `first` + n - 1 of the axis record, each a step
+/// from the one before. They hold 1, 1 + unit, ..., 1 + (n - 1)unit, the origin 1 and the rest in random
+/// order.
+struct Axis {
+    int first;
+    int unit;
+    Step step;
+};
+
 bool stopped(const ProgramState& state, EventQueue& events) {
     events.yield();
     return state.stopRequested == Request::stop;
@@ -27,21 +37,8 @@ int drawDirection(const ProgramState& state, RandomSource& random) {
     return state.squareSize > 5 ? 1 + random.below(4) : direction;
 }
 
-void moveCursor(ProgramState& state, Step step) {
-    state.curRow = wrapped(state.curRow + step.row, state.squareSize);
-    state.curCol = wrapped(state.curCol + step.column, state.squareSize);
-}
-
-/// Records axis entry k at the cursor.
-void recordAxisCell(ProgramState& state, int k, double value) {
-    const auto index = static_cast<std::size_t>(k);
-    state.placedValue[index] = value;
-    state.placedRow[index] = state.curRow;
-    state.placedColumn[index] = state.curCol;
-}
-
-double& cursorCell(ProgramState& state) {
-    return state.square[static_cast<std::size_t>(state.curRow)][static_cast<std::size_t>(state.curCol)];
+Step stepOf(int direction) {
+    return directionSteps[static_cast<std::size_t>(direction)];
 }
 
 void clearSquare(ProgramState& state) {
@@ -53,114 +50,97 @@ void clearSquare(ProgramState& state) {
     std::fill_n(state.placedColumn.begin() + 1, 2 * n, 0);
 }
 
-void placeOrigin(ProgramState& state, RandomSource& random) {
-    state.anchorRow = 1 + random.below(state.squareSize);
-    state.anchorCol = 1 + random.below(state.squareSize);
-    state.curRow = state.anchorRow;
-    state.curCol = state.anchorCol;
-    recordAxisCell(state, 1, 1);
-    cursorCell(state) = 1;
-    state.placeIndex = 2;
+void moveCursor(ProgramState& state, Step step) {
+    state.curRow = wrapped(state.curRow + step.row, state.squareSize);
+    state.curCol = wrapped(state.curCol + step.column, state.squareSize);
 }
 
-/// The first axis is complete: back to the origin, and off in another direction.
-void turnToSecondAxis(ProgramState& state, RandomSource& random) {
-    state.curRow = state.anchorRow;
-    state.curCol = state.anchorCol;
-    recordAxisCell(state, state.squareSize + 1, 1);
-    state.firstDirection = state.stepDirection;
-    do {
-        state.stepDirection = drawDirection(state, random);
-    } while (state.stepDirection == state.firstDirection);
-    state.placeIndex = state.squareSize + 2;
+/// Gives the cursor's cell the number that relative value `k` stands for.
+void fillCell(ProgramState& state, double k) {
+    cellAt(state.square, state.curRow, state.curCol) = realValue(k, state.startNumber, state.distance);
+}
+
+void layEntry(ProgramState& state, int entry, int value) {
+    const auto index = static_cast<std::size_t>(entry);
+    state.placedRow[index] = state.curRow;
+    state.placedColumn[index] = state.curCol;
+    state.placedValue[index] = value;
+    fillCell(state, value);
 }
 
 /// Returns false when stopped.
-bool layAxes(ProgramState& state, RandomSource& random, EventQueue& events) {
+bool layAxis(ProgramState& state, const Axis& axis, RandomSource& random, EventQueue& events) {
     const int n = state.squareSize;
-    int& k = state.placeIndex;
-    while (k <= 2 * n) {
+    state.curRow = state.anchorRow;
+    state.curCol = state.anchorCol;
+    layEntry(state, axis.first, 1);
+    std::bitset<maxOrder + 1> drawn;
+    drawn.set(1);
+    for (int entry = axis.first + 1; entry < axis.first + n;) {
         if (stopped(state, events))
             return false;
-        state.drawnStep = 2 + random.below(n - 1);
-        const bool firstAxis = k <= n;
-        const double value = firstAxis ? state.drawnStep : (state.drawnStep - 1) * n + 1;
-        const auto axis = state.placedValue.begin() + (firstAxis ? 1 : n + 1);
-        if (std::find(axis, axis + n, value) != axis + n)
+        const int number = 2 + random.below(n - 1);
+        if (drawn[static_cast<std::size_t>(number)])
             continue;
-        moveCursor(state, directionSteps[static_cast<std::size_t>(state.stepDirection)]);
-        recordAxisCell(state, k, value);
-        cursorCell(state) = value;
-        ++k;
-        if (k == n + 1)
-            turnToSecondAxis(state, random);
+        drawn.set(static_cast<std::size_t>(number));
+        moveCursor(state, axis.step);
+        layEntry(state, entry++, 1 + (number - 1) * axis.unit);
     }
     return true;
 }
 
-/// Fills the cell that is one step of the first axis away from the cursor.
-void fillNext(ProgramState& state) {
-    const auto j = static_cast<std::size_t>(state.scanIndex);
-    const double previous = cursorCell(state);
-    state.prevRow = state.curRow;
-    state.prevCol = state.curCol;
-    moveCursor(state, {state.placedRow[j] - state.placedRow[j - 1],
-                       state.placedColumn[j] - state.placedColumn[j - 1]});
+/// Replays the first axis from each cell of the second, in the order of the values there. Returns false when
+/// stopped.
+bool fillBlocks(ProgramState& state, const Axis& first, const Axis& second, EventQueue& events) {
+    const int n = state.squareSize;
+    std::array<std::size_t, maxOrder> startOf{};
+    for (int entry = second.first; entry < second.first + n; ++entry) {
+        const auto index = static_cast<std::size_t>(entry);
+        startOf[static_cast<std::size_t>(state.placedValue[index]) / static_cast<std::size_t>(n)] = index;
+    }
+    for (int block = 1; block < n; ++block) {
+        // The start of the block is filled already; it has its turn all the same.
+        if (stopped(state, events))
+            return false;
+        const std::size_t start = startOf[static_cast<std::size_t>(block)];
+        state.curRow = state.placedRow[start];
+        state.curCol = state.placedColumn[start];
+        for (int entry = first.first + 1; entry < first.first + n; ++entry) {
+            if (stopped(state, events))
+                return false;
+            moveCursor(state, first.step);
+            fillCell(state, block * n + state.placedValue[static_cast<std::size_t>(entry)]);
+        }
+    }
     state.anchorRow = state.curRow;
     state.anchorCol = state.curCol;
-    cursorCell(state) = previous + state.placedValue[j] - state.placedValue[j - 1];
-    ++state.scanIndex;
-}
-
-/// Moves the cursor to the second-axis cell that holds the block's first value.
-void startBlock(ProgramState& state, int firstValue) {
-    const auto n = static_cast<std::size_t>(state.squareSize);
-    std::size_t i = n + 2;
-    while (i < 2 * n && state.placedValue[i] != firstValue)
-        ++i;
-    state.curRow = state.placedRow[i];
-    state.curCol = state.placedColumn[i];
-    state.scanIndex = 2;
-}
-
-/// Replays the first axis from each cell of the second. Returns false when stopped.
-bool fillBlocks(ProgramState& state, EventQueue& events) {
-    const int n = state.squareSize;
-    const auto origin = static_cast<std::size_t>(n + 1);
-    state.curRow = state.placedRow[origin];
-    state.curCol = state.placedColumn[origin];
-    state.scanIndex = 1;
-    for (state.placeIndex = n + 1; state.placeIndex <= n * n; ++state.placeIndex) {
-        if (stopped(state, events))
-            return false;
-        state.anchorRow = state.curRow;
-        state.anchorCol = state.curCol;
-        if ((state.placeIndex - 1) % n != 0)
-            fillNext(state);
-        else
-            startBlock(state, state.placeIndex);
-    }
     return true;
 }
 
-void writeRealValues(ProgramState& state) {
-    const auto n = static_cast<std::size_t>(state.squareSize);
-    for (std::size_t row = 1; row <= n; ++row)
-        for (std::size_t column = 1; column <= n; ++column) {
-            double& cell = state.square[row][column];
-            cell = realValue(cell, state.startNumber, state.distance);
-            state.puzzle[row][column] = cell;
-        }
+bool fillSquare(ProgramState& state, RandomSource& random, EventQueue& events) {
+    const int n = state.squareSize;
+    state.anchorRow = 1 + random.below(n);
+    state.anchorCol = 1 + random.below(n);
+    state.stepDirection = drawDirection(state, random);
+    const Axis first{1, 1, stepOf(state.stepDirection)};
+    if (!layAxis(state, first, random, events))
+        return false;
+    state.firstDirection = state.stepDirection;
+    while (state.stepDirection == state.firstDirection)
+        state.stepDirection = drawDirection(state, random);
+    const Axis second{n + 1, n, stepOf(state.stepDirection)};
+    return layAxis(state, second, random, events) && fillBlocks(state, first, second, events);
 }
 
 } // namespace
 
 void buildCompleteSquare(ProgramState& state, RandomSource& random, EventQueue& events) {
     clearSquare(state);
-    placeOrigin(state, random);
-    state.stepDirection = drawDirection(state, random);
-    if (layAxes(state, random, events) && fillBlocks(state, events))
-        writeRealValues(state);
+    if (!fillSquare(state, random, events))
+        return;
+    const auto n = static_cast<std::size_t>(state.squareSize);
+    for (std::size_t row = 1; row <= n; ++row)
+        std::copy_n(state.square[row].begin() + 1, n, state.puzzle[row].begin() + 1);
 }
 
 } // namespace quarvelle

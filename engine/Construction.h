@@ -8,8 +8,10 @@ struct ProgramState;
 
 /// Builds one random complete square of order `squareSize` (a prime from 5 to 103) from `startNumber` and
 /// `distance` into `square` and `puzzle`, and leaves the axis record in entries 1 to 2n of `placedRow`,
-/// `placedColumn` and `placedValue`. Returns early, with the square unfinished, when `stopRequested` is -1
-/// after a yield; one yield comes before each axis draw and one before each cell filled.
+/// `placedColumn` and `placedValue`, and the cursor and the anchor at the last cell filled. Returns early
+/// when `stopRequested` is -1 after a yield, with the cells not reached empty in `square` and `puzzle`
+/// untouched. One yield comes before each axis draw, one at the start of each further block of n values and
+/// one before each cell of it.
 ///
 /// Two axes run through the cell of relative value 1 in two knight steps; the cell b steps along the first
 /// and a steps along the second gets the sum of their values. Both summands are Latin squares under

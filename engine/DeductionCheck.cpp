@@ -1,7 +1,8 @@
 #include "engine/DeductionCheck.h"
 
-#include <algorithm>
+#include <vector>
 
+#include "engine/Cells.h"
 #include "engine/LineKinds.h"
 #include "engine/Stepping.h"
 
@@ -9,76 +10,36 @@ namespace quarvelle {
 
 namespace {
 
-constexpr std::int16_t queueEnd = -1;
-
-void clearQueue(ProgramState& state) {
-    const auto entries =
-        static_cast<std::size_t>(state.squareSize) * static_cast<std::size_t>(state.squareSize) + 1;
-    std::fill_n(state.queueKind.begin() + 1, entries, queueEnd);
-    std::fill_n(state.queueRow.begin() + 1, entries, queueEnd);
-    state.queueLength = 0;
-    state.queueHead = 0;
-    state.stepIndex = 0;
-}
-
-bool isQueued(ProgramState& state) {
-    for (state.queueScan = 1;; ++state.queueScan) {
-        const auto i = static_cast<std::size_t>(state.queueScan);
-        if (state.queueKind[i] == queueEnd)
-            return false;
-        if (state.queueRow[i] == state.curRow && state.queueCol[i] == state.curCol)
-            return true;
-    }
-}
-
-void appendCursor(ProgramState& state, double marker) {
-    const auto i = static_cast<std::size_t>(++state.queueLength);
-    state.queueRow[i] = state.curRow;
-    state.queueCol[i] = state.curCol;
-    state.queueKind[i] = static_cast<std::int16_t>(markerKind(marker));
-}
-
-/// Makes the next queued cell the anchor; false when there is none.
-bool takeNextAnchor(ProgramState& state) {
-    state.stepIndex = 0;
-    const auto head = static_cast<std::size_t>(++state.queueHead);
-    if (state.queueKind[head] == queueEnd)
-        return false;
-    state.anchorRow = state.curRow = state.queueRow[head];
-    state.anchorCol = state.curCol = state.queueCol[head];
-    state.lineKind = state.queueKind[head];
-    return true;
-}
+/// A blank and the kind of the line that it is found through.
+struct Deduction {
+    Cell cell;
+    int kind;
+};
 
 } // namespace
 
 void makeblanks(ProgramState& state) {
-    state.blankAccepted = 0;
-    state.startRow = state.curRow = state.anchorRow;
-    state.startCol = state.curCol = state.anchorCol;
-    clearQueue(state);
-    // Each pass steps once along a shape, and a blank is queued at most once, so there are at most
-    // n*n shapes of n steps each.
-    for (;;) {
-        findline2(state);
-        ++state.stepIndex;
-        state.curRow = wrapped(state.curRow, state.squareSize);
-        state.curCol = wrapped(state.curCol, state.squareSize);
-        const bool atAnchor = state.curRow == state.anchorRow && state.curCol == state.anchorCol;
-        if (atAnchor && !takeNextAnchor(state)) {
-            state.blankAccepted = 1;
-            break;
-        }
-        const bool atCandidate = state.curRow == state.startRow && state.curCol == state.startCol;
-        const bool onCandidateShape = state.anchorRow == state.startRow && state.anchorCol == state.startCol;
-        if (atCandidate && !onCandidateShape)
-            break;
-        const double value = cellAt(state.puzzle, state.curRow, state.curCol);
-        if (!atAnchor && isBlank(value) && !isQueued(state))
-            appendCursor(state, value);
+    const Cell candidate{state.anchorRow, state.anchorCol};
+    // The candidate and every blank it needs, each once, so the list is at most as long as the square has
+    // cells.
+    std::vector<Deduction> needed{{candidate, state.lineKind}};
+    CellSet reached;
+    state.blankAccepted = 1;
+    for (std::size_t i = 0; i < needed.size() && state.blankAccepted == 1; ++i) {
+        const auto [blank, kind] = needed[i];
+        const auto visit = [&, i](int row, int column) {
+            const Cell cell{row, column};
+            if (cell == candidate)
+                return i == 0;
+            const double value = cellAt(state.puzzle, row, column);
+            if (isBlank(value) && !reached.contains(cell)) {
+                reached.insert(cell);
+                needed.push_back({cell, markerKind(value)});
+            }
+            return true;
+        };
+        state.blankAccepted = walkLine(kind, blank.row, blank.column, state.squareSize, visit);
     }
-    state.anchorRow = state.startRow;
-    state.anchorCol = state.startCol;
 }
 
 } // namespace quarvelle

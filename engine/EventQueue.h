@@ -7,8 +7,9 @@ class EventQueue {
 public:
     virtual ~EventQueue() = default;
 
-    /// Handles the events that are pending and returns; called once a pass of every long loop. Any field of
-    /// the program state that a handler writes may have changed afterwards.
+    /// Handles events that are pending and returns; called once a pass of every long loop, which may be every
+    /// few hundred nanoseconds. No event stays pending for more than a few milliseconds of such calls. Any
+    /// field of the program state that a handler writes may have changed afterwards.
     virtual void yield() = 0;
 
     /// Like `yield`, but sleeps until there is an event where none is pending.

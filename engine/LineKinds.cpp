@@ -13,7 +13,7 @@ constexpr std::array<double, lineKindCount> markers{1e200, 1e201, 1e202, 1e203, 
 constexpr std::array<Step, wholeLineKinds> steps{{{1, 0}, {0, 1}, {1, -1}, {1, 1}}};
 
 using Shape = std::array<Step, 4>;
-using Family = std::array<Shape, 5>;
+using Family = std::array<Shape, kindsPerFamily>;
 
 // In each family the anchor is the centre first, then each of the four arms.
 constexpr Family crossDiagonal{{
@@ -50,7 +50,15 @@ Step wholeLineStep(int kind) {
 
 const std::array<Step, 4>& shapeOffsets(int kind) {
     const auto index = static_cast<std::size_t>(kind - wholeLineKinds - 1);
-    return families[index / 5][index % 5];
+    return families[index / kindsPerFamily][index % kindsPerFamily];
+}
+
+Step shapeCentre(int kind) {
+    // The mean of the five cells, the anchor's own offset being zero.
+    Step sum;
+    for (const Step offset : shapeOffsets(kind))
+        sum = {sum.row + offset.row, sum.column + offset.column};
+    return {sum.row / 5, sum.column / 5};
 }
 
 double blankMarker(int kind) {

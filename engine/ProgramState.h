@@ -117,16 +117,12 @@ struct ProgramState {
     int selectedCellX = 0;
     int selectedCellY = 0;
 
-    // Working fields of construction.
+    // Working fields of construction and blank selection.
     int curRow = 0, curCol = 0;       ///< the cursor
     int anchorRow = 0, anchorCol = 0; ///< the origin, or the cell in hand
-    int prevRow = 0, prevCol = 0;
-    int placeIndex = 0; ///< axis entry or relative value in hand; blanks placed plus one
-    int scanIndex = 0;
-    int stepDirection = 0, firstDirection = 0;
-    int drawnStep = 0;
-
-    // Working fields of blank selection and its deduction check.
+    int firstDirection = 0;           ///< code 1 to 4 of the first axis's knight step
+    int stepDirection = 0;            ///< that of the axis laid last
+    int placeIndex = 0;               ///< blanks placed plus one
     std::array<int, lineKindCount + 1> lineUsable{};
     std::array<int, lineKindCount + 1> lineBlankCount{};
     std::array<int, lineKindCount + 1> lineRejected{};
@@ -137,16 +133,9 @@ struct ProgramState {
     int blankAccepted = 0;
     int blankPlaced = 0;
     int stepIndex = 0;
-    int startRow = 0, startCol = 0;
     int probeKind = 0; ///< kind of the root line
     int probeAnchorRow = 0, probeAnchorCol = 0;
     int probeRow = 0, probeCol = 0;
-    /// The dependency queue, entries from 1; one more than the cells of the largest order.
-    static constexpr int queueRoom = maxOrder * maxOrder + 1;
-    std::array<int, queueRoom + 1> queueRow{};
-    std::array<int, queueRoom + 1> queueCol{};
-    std::array<std::int16_t, queueRoom + 1> queueKind{};
-    int queueLength = 0, queueHead = 0, queueScan = 0, queueInitIndex = 0;
 };
 
 } // namespace quarvelle

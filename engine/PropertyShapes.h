@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "engine/ProgramState.h"
+#include "engine/LineKinds.h"
 
 namespace quarvelle {
 
@@ -39,7 +39,5 @@ inline constexpr std::array<PropertyFamily, 4> propertyFamilies{{
     {15, &ProgramState::crossLineMode, d1scline, d2scline},
     {20, &ProgramState::scatteredCrossLineMode, d1scline2, d2scline2},
 }};
-
-inline constexpr int kindsPerFamily = 5;
 
 } // namespace quarvelle

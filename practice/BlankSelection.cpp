@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "engine/DeductionCheck.h"
 #include "engine/EventQueue.h"
-#include "engine/LineKinds.h"
+#include "engine/LineLedger.h"
 #include "engine/PropertyShapes.h"
 #include "engine/Random.h"
 #include "engine/Stepping.h"
@@ -17,185 +16,198 @@ bool allAre(const std::array<int, lineKindCount + 1>& flags, int value) {
     return std::all_of(flags.begin() + 1, flags.end(), [value](int flag) { return flag == value; });
 }
 
-void drawCell(ProgramState& state, RandomSource& random) {
-    state.anchorRow = 1 + random.below(state.squareSize);
-    state.anchorCol = 1 + random.below(state.squareSize);
-}
+/// The blanks of one square: the candidate is the state's anchor, the ledger follows the markers in `puzzle`.
+class Selection {
+public:
+    Selection(ProgramState& state, RandomSource& random)
+        : m_state(state), m_random(random), m_ledger(state.squareSize) {}
 
-double& candidateCell(ProgramState& state) {
-    return cellAt(state.puzzle, state.anchorRow, state.anchorCol);
+    /// Rates a random cell and places a blank there, or the root. Returns whether it did.
+    bool attemptRandomCell();
+
+    /// Tries every cell once, from a random one on. Returns whether a blank was placed.
+    bool scanAllCells();
+
+private:
+    Cell candidate() const { return {m_state.anchorRow, m_state.anchorCol}; }
+    double& candidateCell() { return cellAt(m_state.puzzle, m_state.anchorRow, m_state.anchorCol); }
+    void drawCandidate();
+    bool diagonalTakesPart(int kind) const;
+    bool diagonalsTakePart() const;
+    void rateLine(int kind);
+    void rateLines();
+    int chooseKind();
+    void placeRoot(int kind);
+    bool placeBlank(int kind);
+    bool placeThroughLine(int kind);
+    bool placeThroughShape();
+    bool placeAtCandidate();
+
+    ProgramState& m_state;
+    RandomSource& m_random;
+    LineLedger m_ledger;
+    CellSet m_root; ///< the root line, which stays complete
+};
+
+void Selection::drawCandidate() {
+    m_state.anchorRow = 1 + m_random.below(m_state.squareSize);
+    m_state.anchorCol = 1 + m_random.below(m_state.squareSize);
 }
 
 /// Whether diagonal lines of `kind` (3 or 4) take part at the candidate, given that diagonals do.
-bool diagonalTakesPart(const ProgramState& state, int kind) {
-    if (state.allDiagonals != 0)
+bool Selection::diagonalTakesPart(int kind) const {
+    if (m_state.allDiagonals != 0)
         return true;
-    return kind == 3 ? state.anchorRow + state.anchorCol == state.squareSize + 1
-                     : state.anchorRow == state.anchorCol;
+    const auto [row, column] = candidate();
+    return kind == 3 ? row + column == m_state.squareSize + 1 : row == column;
 }
 
-bool diagonalsTakePart(const ProgramState& state) {
-    return state.allDiagonals != 0 ||
-           (state.mainDiagonalsAndLines == 1 && (diagonalTakesPart(state, 3) || diagonalTakesPart(state, 4)));
+bool Selection::diagonalsTakePart() const {
+    return m_state.allDiagonals != 0 ||
+           (m_state.mainDiagonalsAndLines == 1 && (diagonalTakesPart(3) || diagonalTakesPart(4)));
 }
 
-/// Rates the whole line of `kind` through the candidate: usable unless it holds its own kind's marker.
-void rateLine(ProgramState& state, int kind) {
+/// Rates the whole line of `kind` through the candidate: usable unless it gives a blank already.
+void Selection::rateLine(int kind) {
     const auto k = static_cast<std::size_t>(kind);
-    const bool whole =
-        walkLine(kind, state.anchorRow, state.anchorCol, state.squareSize, [&](int row, int column) {
-            const double value = cellAt(state.puzzle, row, column);
-            state.blanksOnShape += isBlank(value);
-            return value != blankMarker(kind);
-        });
-    if (whole) {
-        state.lineUsable[k] = 1;
-        if (state.blanksOnShape >= state.bestBlankCount)
-            state.lineBlankCount[k] = state.bestBlankCount = state.blanksOnShape;
-    } else if (kind != 3) {
-        state.lineRejected[k] = 1;
+    if (m_ledger.givesBlank(kind, candidate())) {
+        m_state.lineRejected[k] = 1;
+        return;
     }
-    state.blanksOnShape = 0;
+    m_state.lineUsable[k] = 1;
+    const int blanks = m_ledger.blanksOn(kind, candidate());
+    if (blanks >= m_state.bestBlankCount)
+        m_state.lineBlankCount[k] = m_state.bestBlankCount = blanks;
 }
 
-void rateLines(ProgramState& state) {
-    state.lineUsable.fill(0);
-    state.lineBlankCount.fill(0);
-    state.blanksOnShape = 0;
-    state.bestBlankCount = 0;
-    if (isBlank(candidateCell(state)))
+void Selection::rateLines() {
+    m_state.lineUsable.fill(0);
+    m_state.lineBlankCount.fill(0);
+    m_state.blanksOnShape = 0;
+    m_state.bestBlankCount = 0;
+    if (isBlank(candidateCell()))
         return;
-    if (state.mainDiagonalsAndLines == 1) {
-        rateLine(state, 1);
-        rateLine(state, 2);
+    if (m_state.mainDiagonalsAndLines == 1) {
+        rateLine(1);
+        rateLine(2);
     }
-    if (diagonalsTakePart(state)) {
-        if (diagonalTakesPart(state, 3))
-            rateLine(state, 3);
-        // Kind 3 counts as turned down wherever diagonals take part, walked or not.
-        if (state.lineUsable[3] != 1)
-            state.lineRejected[3] = 1;
-        if (diagonalTakesPart(state, 4))
-            rateLine(state, 4);
+    if (diagonalsTakePart()) {
+        // Kind 3 counts as turned down wherever diagonals take part and it doesn't; kind 4 does not.
+        if (diagonalTakesPart(3))
+            rateLine(3);
+        else
+            m_state.lineRejected[3] = 1;
+        if (diagonalTakesPart(4))
+            rateLine(4);
     }
     for (const PropertyFamily& family : propertyFamilies)
-        if (state.*family.mode != PropertyMode::none)
-            family.rate(state);
+        if (m_state.*family.mode != PropertyMode::none)
+            family.rate(m_state);
 }
 
 /// Draws kinds until one is usable and, when challenging, holds the most blanks. A usable kind with the best
 /// count exists, so this ends.
-int chooseKind(const ProgramState& state, RandomSource& random) {
+int Selection::chooseKind() {
     for (;;) {
-        int drawn = 1 + random.below(wholeLineKinds);
+        int drawn = 1 + m_random.below(wholeLineKinds);
         int range = wholeLineKinds;
         for (const PropertyFamily& family : propertyFamilies) {
             range += 2;
-            if (state.*family.mode != PropertyMode::none)
-                drawn = 1 + random.below(range);
+            if (m_state.*family.mode != PropertyMode::none)
+                drawn = 1 + m_random.below(range);
         }
         int kind = drawn;
         if (drawn > wholeLineKinds) {
             const auto family = static_cast<std::size_t>((drawn - wholeLineKinds - 1) / 2);
-            kind = propertyFamilies[family].firstKind + random.below(kindsPerFamily);
+            kind = propertyFamilies[family].firstKind + m_random.below(kindsPerFamily);
         }
         const auto k = static_cast<std::size_t>(kind);
-        if (state.lineUsable[k] == 1 &&
-            (state.difficulty < Difficulty::challenging || state.lineBlankCount[k] == state.bestBlankCount))
+        if (m_state.lineUsable[k] == 1 && (m_state.difficulty < Difficulty::challenging ||
+                                           m_state.lineBlankCount[k] == m_state.bestBlankCount))
             return kind;
     }
 }
 
-bool liesOnRootLine(const ProgramState& state) {
-    return !walkLine(
-        state.probeKind, state.probeAnchorRow, state.probeAnchorCol, state.squareSize,
-        [&](int row, int column) { return row != state.anchorRow || column != state.anchorCol; });
+/// The first choice is not blanked: its line is the root.
+void Selection::placeRoot(int kind) {
+    m_state.probeKind = kind;
+    m_state.probeAnchorRow = m_state.anchorRow;
+    m_state.probeAnchorCol = m_state.anchorCol;
+    walkLine(kind, m_state.anchorRow, m_state.anchorCol, m_state.squareSize, [this](int row, int column) {
+        m_root.insert({row, column});
+        return true;
+    });
 }
 
-bool isDeducible(ProgramState& state, int kind) {
-    if (liesOnRootLine(state))
+/// Blanks the candidate through its line of `kind` if the puzzle stays solvable.
+bool Selection::placeBlank(int kind) {
+    if (m_root.contains(candidate()) || !m_ledger.accepts(kind, candidate()))
         return false;
-    state.lineKind = kind;
-    makeblanks(state);
-    return state.blankAccepted == 1;
+    candidateCell() = blankMarker(kind);
+    m_ledger.place(kind, candidate());
+    return true;
 }
 
-/// The first choice is not blanked: its line is the root, which stays complete.
-void placeRoot(ProgramState& state, int kind) {
-    state.probeKind = kind;
-    state.probeAnchorRow = state.anchorRow;
-    state.probeAnchorCol = state.anchorCol;
-}
-
-/// Rates a random cell and places a blank there, or the root. Returns whether it did.
-bool attemptRandomCell(ProgramState& state, RandomSource& random) {
-    if (allAre(state.lineRejected, 1))
-        state.lineRejected.fill(0);
-    drawCell(state, random);
-    state.stopRequested = Request::playing;
-    rateLines(state);
-    if (allAre(state.lineUsable, 0) || allAre(state.lineRejected, 1))
+bool Selection::attemptRandomCell() {
+    if (allAre(m_state.lineRejected, 1))
+        m_state.lineRejected.fill(0);
+    drawCandidate();
+    m_state.stopRequested = Request::playing;
+    rateLines();
+    if (allAre(m_state.lineUsable, 0) || allAre(m_state.lineRejected, 1))
         return false;
-    const int kind = chooseKind(state, random);
-    if (state.placeIndex == 0) {
-        placeRoot(state, kind);
-    } else if (isDeducible(state, kind)) {
-        candidateCell(state) = blankMarker(kind);
-    } else {
-        state.lineRejected[static_cast<std::size_t>(kind)] = 1;
+    const int kind = chooseKind();
+    if (m_state.placeIndex == 0) {
+        placeRoot(kind);
+    } else if (!placeBlank(kind)) {
+        m_state.lineRejected[static_cast<std::size_t>(kind)] = 1;
         return false;
     }
-    state.lineRejected.fill(0);
+    m_state.lineRejected.fill(0);
     return true;
 }
 
-/// Blanks the candidate through the whole line of `kind` if that line is free of its own marker and the check
-/// accepts.
-bool placeThroughLine(ProgramState& state, int kind) {
-    const bool free =
-        walkLine(kind, state.anchorRow, state.anchorCol, state.squareSize,
-                 [&](int row, int column) { return cellAt(state.puzzle, row, column) != blankMarker(kind); });
-    if (!free)
-        return false;
-    state.lineKind = kind;
-    makeblanks(state);
-    if (state.blankAccepted != 1)
-        return false;
-    candidateCell(state) = blankMarker(kind);
-    return true;
+bool Selection::placeThroughLine(int kind) {
+    return !m_ledger.givesBlank(kind, candidate()) && placeBlank(kind);
 }
 
-bool placeAtCandidate(ProgramState& state) {
-    if (liesOnRootLine(state) || isBlank(candidateCell(state)))
+/// The last property that finds a placement has the candidate, so the ledger hears of it only then.
+bool Selection::placeThroughShape() {
+    m_state.blankPlaced = 0;
+    for (const PropertyFamily& family : propertyFamilies)
+        if (m_state.*family.mode != PropertyMode::none)
+            family.place(m_state);
+    if (m_state.blankPlaced == 1)
+        m_ledger.place(markerKind(candidateCell()), candidate());
+    return m_state.blankPlaced == 1;
+}
+
+bool Selection::placeAtCandidate() {
+    if (m_root.contains(candidate()) || isBlank(candidateCell()))
         return false;
-    if (state.mainDiagonalsAndLines == 1 && (placeThroughLine(state, 1) || placeThroughLine(state, 2)))
+    if (m_state.mainDiagonalsAndLines == 1 && (placeThroughLine(1) || placeThroughLine(2)))
         return true;
     // Off the diagonals that take part, the properties are not tried either.
-    if (!diagonalsTakePart(state))
+    if (!diagonalsTakePart())
         return false;
     for (const int kind : {3, 4})
-        if (diagonalTakesPart(state, kind) && placeThroughLine(state, kind))
+        if (diagonalTakesPart(kind) && placeThroughLine(kind))
             return true;
-    state.blankPlaced = 0;
-    for (const PropertyFamily& family : propertyFamilies)
-        if (state.*family.mode != PropertyMode::none)
-            family.place(state);
-    return state.blankPlaced == 1;
+    return placeThroughShape();
 }
 
-/// Tries every cell once, from a random one on. Returns whether a blank was placed.
-bool scanAllCells(ProgramState& state, RandomSource& random) {
-    state.attemptCount = 0;
-    drawCell(state, random);
-    if (state.placeIndex == 0)
+bool Selection::scanAllCells() {
+    m_state.attemptCount = 0;
+    drawCandidate();
+    if (m_state.placeIndex == 0)
         return false;
-    const int n = state.squareSize;
+    const int n = m_state.squareSize;
     for (int cell = 0; cell < n * n; ++cell) {
-        if (placeAtCandidate(state))
+        if (placeAtCandidate())
             return true;
-        if (++state.anchorRow > n) {
-            state.anchorRow = 1;
-            state.anchorCol = wrapped(state.anchorCol + 1, n);
+        if (++m_state.anchorRow > n) {
+            m_state.anchorRow = 1;
+            m_state.anchorCol = wrapped(m_state.anchorCol + 1, n);
         }
     }
     return false;
@@ -204,6 +216,7 @@ bool scanAllCells(ProgramState& state, RandomSource& random) {
 } // namespace
 
 void selectBlanks(ProgramState& state, RandomSource& random, EventQueue& events) {
+    Selection selection(state, random);
     std::fill_n(state.lineRejected.begin() + 1, wholeLineKinds, 0);
     state.placeIndex = 0;
     state.attemptCount = 0;
@@ -215,8 +228,8 @@ void selectBlanks(ProgramState& state, RandomSource& random, EventQueue& events)
                 return;
             ++state.attemptCount;
             if (state.attemptCount <= state.squareSize * state.squareSize)
-                placed = attemptRandomCell(state, random);
-            else if (!(placed = scanAllCells(state, random)))
+                placed = selection.attemptRandomCell();
+            else if (!(placed = selection.scanAllCells()))
                 return;
         }
         ++state.placeIndex;

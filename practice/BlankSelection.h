@@ -13,7 +13,8 @@ struct ProgramState;
 ///
 /// Yields once per random attempt; returns early when `stopRequested` is -1 after a yield. At most n*n
 /// attempts go by between two systematic scans, and a scan places a blank or ends the selection, so the loop
-/// is bounded. With every line option off nothing is blanked.
+/// is bounded. A scan has no turn of its own: four questions a cell, each of four looks, make a fraction of a
+/// millisecond at any order. With every line option off nothing is blanked.
 void selectBlanks(ProgramState& state, RandomSource& random, EventQueue& events);
 
 } // namespace quarvelle

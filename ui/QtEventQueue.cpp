@@ -5,11 +5,15 @@
 namespace quarvelle {
 
 void QtEventQueue::yield() {
+    if (m_now() < m_nextTurn)
+        return;
     QCoreApplication::processEvents();
+    m_nextTurn = m_now() + turnInterval;
 }
 
 void QtEventQueue::wait() {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    m_nextTurn = Clock::time_point::min();
 }
 
 } // namespace quarvelle

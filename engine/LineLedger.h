@@ -1,0 +1,53 @@
+#pragma once
+
+#include <bitset>
+#include <vector>
+
+#include "engine/Cells.h"
+#include "engine/LineKinds.h"
+
+namespace quarvelle {
+
+/// Keeps, for every line of a puzzle, what its blanks mean for the next one, as the blanks are placed one by
+/// one. A question costs the lines through one cell, whatever the order; a blank costs one pass over the
+/// lines.
+///
+/// A line gives at most one blank: two on it that are both found through it would each need the other. So a
+/// line's number stands for the blank it gives, and what waits for what is a relation between lines.
+class LineLedger {
+public:
+    /// For a puzzle of order `n`, at most 103, without blanks.
+    explicit LineLedger(int n);
+
+    /// How many blanks lie on the line of `kind` through `cell`.
+    int blanksOn(int kind, Cell cell) const { return line(kind, cell).blanks; }
+
+    /// Whether a blank is to be found through the line of `kind` through `cell`.
+    bool givesBlank(int kind, Cell cell) const { return line(kind, cell).givesBlank; }
+
+    /// Whether `cell`, which is not blank, may become a blank that is found through its line of `kind`, so
+    /// that the blanks can still be found one at a time. The answer of `makeblanks`.
+    bool accepts(int kind, Cell cell) const;
+
+    /// Takes down the blank at `cell`, which must have been accepted for `kind`.
+    void place(int kind, Cell cell);
+
+private:
+    /// Lines by number; order 5 has fewer with its shapes than order 103 without.
+    using LineSet = std::bitset<std::size_t{wholeLineKinds} * maxOrder>;
+
+    struct Line {
+        int blanks = 0;          ///< cells on it that are blank
+        bool givesBlank = false; ///< one of them is to be found through it
+        LineSet needs;           ///< the lines that give a blank on it, and all that those need in turn
+    };
+
+    std::size_t numberOf(int kind, Cell cell) const;
+    const Line& line(int kind, Cell cell) const { return m_lines[numberOf(kind, cell)]; }
+
+    int m_order;
+    int m_kinds; ///< kinds 1 to this have a line through every cell
+    std::vector<Line> m_lines;
+};
+
+} // namespace quarvelle
