@@ -1,8 +1,10 @@
-"""Prints batches from the program's window and checks what comes out: main.py PROGRAM QUEUE SCRATCH PICTURES."""
+"""Prints batches from the program's window and checks what comes out.
+
+main.py PROGRAM QUEUE SCRATCH PICTURES: prints on the queue of that name, which it makes. Files of no use
+afterwards go to one folder, pictures of the sheets to the other."""
 
 import os
 import re
-import shutil
 import subprocess
 import sys
 import time
@@ -35,15 +37,10 @@ def printed(before):
     """The one document that has come out of the printer since there were the jobs `before`."""
     until(lambda: len(jobs()) > len(before), "the job")
     job, = set(jobs()) - set(before)
-    name = []
-
-    def came_out():
-        name[:] = [f for f in os.listdir(PRINTED) if f.endswith(f"job_{job}.pdf")] if os.path.isdir(PRINTED) else []
-        return bool(name) and QUEUE in run("lpstat", "-W", "completed", "-o") and "idle" in run("lpstat", "-p", QUEUE)
-
-    until(came_out, "the printed sheets", 60)
+    until(lambda: f"{QUEUE}-{job} " in run("lpstat", "-W", "completed", "-o"), "the end of the job", 60)
+    name, = (name for name in os.listdir(PRINTED) if name.endswith(f"job_{job}.pdf"))
     result = os.path.join(SCRATCH, "printed.pdf")
-    shutil.move(os.path.join(PRINTED, name[0]), result)
+    run("mv", os.path.join(PRINTED, name), result)
     if not os.listdir(PRINTED):
         os.rmdir(PRINTED)
     return result
@@ -134,7 +131,7 @@ def full_disk():
 
 
 def unwritable():
-    # One inode for the folder, one for the file: the dialog can open that, but nothing can be put in its place.
+    # An inode for the folder and one for the file: the dialog can open that, but nothing can replace it.
     with small_disk("nr_inodes=2") as folder:
         path = f"{folder}/sheets.pdf"
         with open(path, "w", encoding="ascii") as file:
@@ -191,7 +188,9 @@ def main():
     batch("negative", mode=2, order=7, start=-20, distance=1, count=12, blanks=30, upright=True)
     batch("one piece", mode=2, order=29, start=1, distance=1, count=2, blanks=100)
     batch("31", mode=0, order=31, start=1, distance=1, count=1, blanks=1, pages=["1,1", "1,2"])
-    batch("23", mode=2, order=23, start=1, distance=20, count=1, blanks=50, pages=["1,1", "1,1", "2,1", "2,1"])
+    batch("23", mode=2, order=23, start=1, distance=20, count=1, blanks=50,
+          pages=["1,1", "1,1", "2,1", "2,1"])
+    batch("101", mode=0, order=101, start=1, distance=1, count=1, blanks=1)
     add_queue("-o", "PageSize=Letter")
     batch("letter", mode=2, order=5, start=1, distance=1, count=25, blanks=10)
     batch("file", mode=2, order=13, start=1, distance=1, count=5, blanks=40, file=f"{SCRATCH}/quiz.pdf")
