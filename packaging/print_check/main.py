@@ -165,6 +165,27 @@ def vanished_printer():
     add_queue()
 
 
+def measured(count):
+    """Seconds that a batch of puzzles and answers takes as a PDF file, and the program's peak memory in kB."""
+    with Window(PROGRAM) as window:
+        window.set_up(mode=2, order=5, start=1, distance=1, count=count, blanks=100)
+        window.choose_file(f"{SCRATCH}/{count}.pdf")
+        keys("Return")
+        seconds = window.wait_for_end()
+        with open(f"/proc/{window.process.pid}/status", encoding="ascii") as status:
+            peak = int(re.search(r"VmHWM:\s*(\d+) kB", status.read()).group(1))
+        window.close()
+    print(f"  {count} puzzles and answers: {seconds:.2f} s, peak {peak} kB")
+    return seconds, peak
+
+
+def speed():
+    seconds, peak = measured(1000)
+    require(seconds < 2.5, "1000 puzzles take too long")
+    _, later_peak = measured(10000)
+    require(later_peak < 1.2 * peak, "memory grows with the batch")
+
+
 def cancelled():
     with Window(PROGRAM) as window:
         before = jobs()
@@ -199,6 +220,8 @@ def main():
     stopped("Q in the first sheets", lambda _: keys("q"), 1)
     stopped("Abort printing", lambda window: window.menu("Down"), 500)
     stopped("closing the window", lambda window: keys("alt+F4"), 300, ends=True)
+    print("Speed:")
+    speed()
     print("Faults:")
     cancelled()
     full_disk()
