@@ -1,8 +1,10 @@
-"""Prints batches from the program's window and checks what comes out: main.py PROGRAM QUEUE SCRATCH PICTURES."""
+"""Prints batches from the program's window and checks what comes out.
+
+main.py PROGRAM QUEUE SCRATCH PICTURES: prints on the queue of that name, which it makes. Files of no use
+afterwards go to one folder, pictures of the sheets to the other."""
 
 import os
 import re
-import shutil
 import subprocess
 import sys
 import time
@@ -35,15 +37,10 @@ def printed(before):
     """The one document that has come out of the printer since there were the jobs `before`."""
     until(lambda: len(jobs()) > len(before), "the job")
     job, = set(jobs()) - set(before)
-    name = []
-
-    def came_out():
-        name[:] = [f for f in os.listdir(PRINTED) if f.endswith(f"job_{job}.pdf")] if os.path.isdir(PRINTED) else []
-        return bool(name) and QUEUE in run("lpstat", "-W", "completed", "-o") and "idle" in run("lpstat", "-p", QUEUE)
-
-    until(came_out, "the printed sheets", 60)
+    until(lambda: f"{QUEUE}-{job} " in run("lpstat", "-W", "completed", "-o"), "the end of the job", 60)
+    name, = (name for name in os.listdir(PRINTED) if name.endswith(f"job_{job}.pdf"))
     result = os.path.join(SCRATCH, "printed.pdf")
-    shutil.move(os.path.join(PRINTED, name[0]), result)
+    run("mv", os.path.join(PRINTED, name), result)
     if not os.listdir(PRINTED):
         os.rmdir(PRINTED)
     return result
@@ -134,7 +131,7 @@ def full_disk():
 
 
 def unwritable():
-    # One inode for the folder, one for the file: the dialog can open that, but nothing can be put in its place.
+    # An inode for the folder and one for the file: the dialog can open that, but nothing can replace it.
     with small_disk("nr_inodes=2") as folder:
         path = f"{folder}/sheets.pdf"
         with open(path, "w", encoding="ascii") as file:
@@ -168,6 +165,27 @@ def vanished_printer():
     add_queue()
 
 
+def measured(count):
+    """Seconds that a batch of puzzles and answers takes as a PDF file, and the program's peak memory in kB."""
+    with Window(PROGRAM) as window:
+        window.set_up(mode=2, order=5, start=1, distance=1, count=count, blanks=100)
+        window.choose_file(f"{SCRATCH}/{count}.pdf")
+        keys("Return")
+        seconds = window.wait_for_end()
+        with open(f"/proc/{window.process.pid}/status", encoding="ascii") as status:
+            peak = int(re.search(r"VmHWM:\s*(\d+) kB", status.read()).group(1))
+        window.close()
+    print(f"  {count} puzzles and answers: {seconds:.2f} s, peak {peak} kB")
+    return seconds, peak
+
+
+def speed():
+    seconds, peak = measured(1000)
+    require(seconds < 2.5, "1000 puzzles take too long")
+    _, later_peak = measured(10000)
+    require(later_peak < 1.2 * peak, "memory grows with the batch")
+
+
 def cancelled():
     with Window(PROGRAM) as window:
         before = jobs()
@@ -191,7 +209,9 @@ def main():
     batch("negative", mode=2, order=7, start=-20, distance=1, count=12, blanks=30, upright=True)
     batch("one piece", mode=2, order=29, start=1, distance=1, count=2, blanks=100)
     batch("31", mode=0, order=31, start=1, distance=1, count=1, blanks=1, pages=["1,1", "1,2"])
-    batch("23", mode=2, order=23, start=1, distance=20, count=1, blanks=50, pages=["1,1", "1,1", "2,1", "2,1"])
+    batch("23", mode=2, order=23, start=1, distance=20, count=1, blanks=50,
+          pages=["1,1", "1,1", "2,1", "2,1"])
+    batch("101", mode=0, order=101, start=1, distance=1, count=1, blanks=1)
     add_queue("-o", "PageSize=Letter")
     batch("letter", mode=2, order=5, start=1, distance=1, count=25, blanks=10)
     batch("file", mode=2, order=13, start=1, distance=1, count=5, blanks=40, file=f"{SCRATCH}/quiz.pdf")
@@ -200,6 +220,8 @@ def main():
     stopped("Q in the first sheets", lambda _: keys("q"), 1)
     stopped("Abort printing", lambda window: window.menu("Down"), 500)
     stopped("closing the window", lambda window: keys("alt+F4"), 300, ends=True)
+    print("Speed:")
+    speed()
     print("Faults:")
     cancelled()
     full_disk()

@@ -83,8 +83,10 @@ def steps(values, tolerance):
 
 
 def read(pdf):
-    text = subprocess.run(["pdftotext", "-bbox", pdf, "-"], capture_output=True, text=True, check=True).stdout
-    return [Sheet(float(width), float(height), WORD.findall(words)) for width, height, words in PAGE.findall(text)]
+    command = ["pdftotext", "-bbox", pdf, "-"]
+    text = subprocess.run(command, capture_output=True, text=True, check=True).stdout
+    pages = PAGE.findall(text)
+    return [Sheet(float(width), float(height), WORD.findall(words)) for width, height, words in pages]
 
 
 def boards(sheet, whole, order):
@@ -131,7 +133,7 @@ def check_square(cells, order, starts, distance):
 
 
 def solve(puzzle, order, start, distance):
-    """Fills a puzzle line by line from the Magic Total alone; the lines are rows, columns and main diagonals."""
+    """Fills a puzzle line by line from the Magic Total alone, through rows, columns and main diagonals."""
     total = order * start + distance * order * (order * order - 1) / 2
     whole = range(order)
     lines = [[(i, j) for j in whole] for i in whole] + [[(j, i) for j in whole] for i in whole]

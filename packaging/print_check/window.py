@@ -7,7 +7,9 @@ from sheets import Fault, require
 
 
 def xdotool(*arguments):
-    return subprocess.run(["xdotool", *map(str, arguments)], capture_output=True, text=True).stdout.split("\n")[:-1]
+    """The lines that the tool answers with; none when what it looks for isn't there."""
+    answer = subprocess.run(["xdotool", *map(str, arguments)], capture_output=True, text=True, check=False)
+    return answer.stdout.split("\n")[:-1]
 
 
 def keys(*names):
@@ -75,8 +77,8 @@ class Window:
         until(lambda: "Print" in self.titles(), "the print dialog")
         self.wait_for_focus("Print")
         kind = ("squares", "puzzles", "puzzles and answers")[mode]
-        title = f"Creating ({order} by {order}) Complete Magic Square(s): {count} out of {count} {kind} left to print."
-        require(self.title() == title, f"the title is {self.title()!r}")
+        title = f"Creating ({order} by {order}) Complete Magic Square(s): {count} out of {count} {kind}"
+        require(self.title() == title + " left to print.", f"the title is {self.title()!r}")
 
     def wait_for_focus(self, name):
         until(lambda: xdotool("getwindowfocus", "getwindowname") == [name], f"the focus on {name}")
