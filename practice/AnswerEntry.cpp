@@ -13,6 +13,10 @@ namespace quarvelle {
 
 namespace {
 
+/// An answer is written from a pixel left of its cell on, after the place of a sign: its digits keep off the
+/// grid line and stand in line with the numbers printed above and below.
+constexpr int signPlace = 3;
+
 /// Which cell from 1 to `n` a coordinate lies in; 0 for none. A grid line belongs to the cell that follows
 /// it.
 int cellOf(int coordinate, int origin, int cellSize, int n) {
@@ -87,7 +91,8 @@ void AnswerEntry::takeRightAnswer() {
     const double answer = cellAt(state.square, state.selectedRow, state.selectedColumn);
     cellAt(state.puzzle, state.selectedRow, state.selectedColumn) = answer;
     drawNumber(state, m_window.boardPage(), state.selectedCellX,
-               state.selectedCellX - 1 + signRoom(state, answer), state.selectedCellY + 3, answer);
+               state.selectedCellX - 1 + signPlace + signRoom(state, answer), state.selectedCellY + 3,
+               answer);
     m_window.boardPage().closeAnswerBox();
     ++state.numbersCorrect;
     m_window.showTitle(scoreTitle(state));

@@ -35,11 +35,12 @@ Batch::Batch(MainWindow& window, RandomSource& random, EventQueue& events, Print
 
 void Batch::Command1_Click() {
     ProgramState& state = m_window.state();
-    if (state.squareSize > maxBatchOrder || !hasPlayableNumbers(state))
+    if (state.squareSize > maxBatchOrder)
         return;
     mainsub1();
     QString failure;
-    if (state.printCount > 0)
+    // Tidying may have brought in other numbers.
+    if (state.printCount > 0 && hasPlayableNumbers(state))
         if (const auto job = m_printer.choose(QString("Quarvelle %1 by %1").arg(state.squareSize)))
             failure = printSquares(*job);
     closeBatch();

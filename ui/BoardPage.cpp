@@ -9,8 +9,9 @@ namespace quarvelle {
 
 BoardPage::BoardPage(QWidget* parent) : DrawingSurface(parent) {
     m_controls.setupUi(this);
-    // A line edit keeps two pixels free at either end; in a cell the digits need them.
-    answerBox().setTextMargins(-2, 0, -2, 0);
+    // The digits typed stand where the cell's number will: two pixels in, as a line edit has them anyway, and
+    // a pixel lower than its middle. At their end only the cursor needs room.
+    answerBox().setTextMargins(0, 1, -2, 0);
 }
 
 void BoardPage::fitAnswerBox(int cellWidth, const QStringList& numbers) {
@@ -24,8 +25,8 @@ void BoardPage::fitAnswerBox(int cellWidth, const QStringList& numbers) {
     }
     answerBox().resize(cellWidth + 1, 18);
     answerBox().setTypedLimit(static_cast<int>(longest));
-    constexpr double cursorRoom = 2;
-    const double room = answerBox().width() - cursorRoom;
+    constexpr double startAndCursor = 3;
+    const double room = answerBox().width() - startAndCursor;
     if (widest > room)
         font.setStretch(static_cast<int>(100 * room / widest));
     answerBox().setFont(font);

@@ -57,7 +57,8 @@ TEST_F(PracticeTest, PlaysSquareAfterSquare) {
             EXPECT_EQ(title(), score(7, 0, 1, 2));
             EXPECT_TRUE(answerBox().isHidden() && !answerBox().isEnabled());
             EXPECT_EQ(state().remainingBlanks, 3);
-            EXPECT_EQ(texts().back().point, QPoint(7 + 24 * (blank.first - 1), 11 + 18 * (blank.second - 1)));
+            EXPECT_EQ(texts().back().point,
+                      QPoint(10 + 24 * (blank.first - 1), 11 + 18 * (blank.second - 1)));
             EXPECT_EQ(texts().back().text.toStdString(), answerAt(blank));
         },
         [&] {
@@ -161,7 +162,7 @@ TEST_F(PracticeTest, TakesAnswersByNumberOrTextAndShowsThemWhole) {
                 pressKey(window(), Qt::Key_Enter);
                 EXPECT_FALSE(isBlank(testing::at(state().puzzle, blank))) << "zeros in front don't matter";
                 const int signRoom = row.start[0] == '-' && number >= 0 ? 3 : 0;
-                EXPECT_EQ(texts().back().point.x(), state().selectedCellX - 1 + signRoom);
+                EXPECT_EQ(texts().back().point.x(), state().selectedCellX + 2 + signRoom);
             },
         });
     }
