@@ -1,4 +1,4 @@
-.PHONY: help run test demo
+.PHONY: help run test demo robot bench print-check lint
 
 help: ## Say what there is to make
 	@sed -n 's/^\([a-z-]*\):.*## /make \1\t/p' $(MAKEFILE_LIST)
@@ -14,3 +14,28 @@ test: ## Build the tests with the sanitizers and run them
 
 demo: ## Play on a virtual display, checking all that is seen, and take pictures of it
 	@packaging/demo/play.sh
+
+STEPS = 1000000
+SEED = 7
+
+robot: ## Let a robot use the window for STEPS steps from SEED on, under the sanitizers
+	@packaging/install-packages.sh build test
+	cmake --preset asan
+	cmake --build --preset asan --target robot
+	@LSAN_OPTIONS=suppressions=tests/support/leaks.supp:print_suppressions=0 build/asan/tests/robot $(STEPS) $(SEED)
+
+bench: ## Measure the engine against a literal one, as comma-separated values
+	@packaging/install-packages.sh build >&2
+	@cmake --preset bench >&2
+	@cmake --build --preset bench >&2
+	@build/bench/bench/quarvelle_bench
+
+print-check: ## Print batches on a print queue of its own and check every sheet
+	@packaging/print-check
+
+lint: ## Check the layout and the pitfalls of the code
+	@packaging/install-packages.sh build lint
+	cmake --preset dev
+	cmake --build --preset dev
+	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
+	git ls-files 'engine/*.cpp' 'ui/*.cpp' 'practice/*.cpp' 'print/*.cpp' 'app/*.cpp' | xargs -n 4 -P 2 clang-tidy --quiet -p build/dev
