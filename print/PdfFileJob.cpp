@@ -37,7 +37,7 @@ QString PdfFileJob::finish() {
     m_painter.end();
     const bool whole = m_file.flush() && m_file.error() == QFileDevice::NoError;
     if (!whole) {
-        const QString reason = failure();
+        QString reason = failure();
         m_file.cancelWriting();
         return reason;
     }

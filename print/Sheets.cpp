@@ -31,7 +31,7 @@ QString Sheets::add() {
         m_state.pageColumn = piece % across + 1;
         m_state.pageRow = piece / across + 1;
         draw();
-        const QString failure = m_filled == m_layout.squares() ? printSheet() : QString();
+        QString failure = m_filled == m_layout.squares() ? printSheet() : QString();
         if (!failure.isEmpty())
             return failure;
     }

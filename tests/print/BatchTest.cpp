@@ -54,7 +54,8 @@ TEST_P(EveryBatch, PrintsCompleteSquaresAndPuzzlesThatAgreeWithTheirAnswers) {
         EXPECT_EQ(completenessFault(board.cells, expected.order, std::stod(expected.start),
                                     std::stod(expected.distance)),
                   "");
-    const std::size_t cells = static_cast<std::size_t>(expected.order * expected.order);
+    const auto order = static_cast<std::size_t>(expected.order);
+    const std::size_t cells = order * order;
     for (std::size_t i = 0; i < puzzles.size(); ++i) {
         EXPECT_LT(puzzles[i].cells.size(), cells);
         EXPECT_EQ(puzzles[i].shaded, 0);

@@ -44,6 +44,7 @@ std::string completenessFault(const std::map<std::pair<int, int>, std::string>& 
         return std::stod(cells.at({column % n, (row % n + n) % n}));
     };
     std::vector<double> numbers;
+    numbers.reserve(cells.size());
     for (const auto& [place, text] : cells)
         numbers.push_back(std::stod(text));
     std::sort(numbers.begin(), numbers.end());
