@@ -29,8 +29,8 @@ constexpr OptionItem optionItems[] = {
 
 MenuCommands::MenuCommands(MainWindow& window) : QObject(&window), m_window(window) {
     const Ui::MagicSquare2& menus = window.menus();
-    QActionGroup* group = nullptr;
-    int ProgramState::*groupField = nullptr;
+    auto* group = new QActionGroup(this);
+    int ProgramState::*groupField = optionItems[0].field;
     for (const OptionItem& item : optionItems) {
         if (item.field != groupField) {
             group = new QActionGroup(this);

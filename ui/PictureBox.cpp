@@ -64,7 +64,9 @@ void drawStrokes(QPainter& painter, const std::vector<Mark>& marks, QPointF arm,
 void PictureBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), QColor(192, 192, 192));
-    painter.translate((width() - cells * cellWidth) / 2, (height() - cells * cellHeight) / 2);
+    const int left = (width() - cells * cellWidth) / 2;
+    const int top = (height() - cells * cellHeight) / 2;
+    painter.translate(left, top);
     drawGrid(painter);
     const auto picture = std::find_if(pictures().begin(), pictures().end(),
                                       [this](const Picture& entry) { return objectName() == entry.name; });
