@@ -24,7 +24,8 @@ QRectF CaptionCheckBox::captionBox() const {
     QStyleOptionButton option;
     initStyleOption(&option);
     const QRect indicator = style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this);
-    return QRectF(rect()).adjusted(indicator.right() + 5, 0, -1, 0);
+    // The focus line runs along the edge.
+    return QRectF(rect()).adjusted(indicator.right() + 5, 1, -1, 0);
 }
 
 CaptionLayout CaptionCheckBox::captionLayout() const {

@@ -122,6 +122,23 @@ Board findGrid(const QImage& picture, int order) {
     throw std::runtime_error("there is no board on the screen");
 }
 
+/// In a 5 by 5 square a cell adds up to the Magic Total with the four cells one or two steps away from it,
+/// straight or diagonally, with wrap-around.
+void addCrosses(std::vector<std::vector<QPoint>>& lines) {
+    constexpr int n = 5;
+    for (int place = 0; place < n * n; ++place)
+        for (const QPoint arm : {QPoint(1, 0), QPoint(2, 0), QPoint(1, 1), QPoint(2, 2)}) {
+            const QPoint centre(place % n, place / n);
+            std::vector<QPoint> cross{centre};
+            QPoint offset = arm;
+            for (int quarter = 0; quarter < 4; ++quarter) {
+                cross.emplace_back((centre.x() + offset.x() + n) % n, (centre.y() + offset.y() + n) % n);
+                offset = {-offset.y(), offset.x()};
+            }
+            lines.push_back(cross);
+        }
+}
+
 /// The places of all lines that add up to the Magic Total: rows, columns and both kinds of diagonals with
 /// their wrap around the edges.
 std::vector<std::vector<QPoint>> linesOf(int n) {
@@ -136,6 +153,8 @@ std::vector<std::vector<QPoint>> linesOf(int n) {
         }
         lines.insert(lines.end(), through.begin(), through.end());
     }
+    if (n == 5)
+        addCrosses(lines);
     return lines;
 }
 

@@ -31,9 +31,9 @@ struct Answer {
 /// but one of them or nothing, or one stands there twice.
 Board readBoard(const QImage& picture, int order, const std::vector<QString>& texts);
 
-/// Fills the blanks one at a time, each as the last one open on a row, column, diagonal or broken diagonal
-/// that must add up to the Magic Total, in the order in which they can be found. Throws std::runtime_error
-/// when that leaves a blank open, or any line with another sum.
+/// Fills the blanks one at a time, each as the last one open on a row, column, diagonal, broken diagonal or
+/// (at 5 by 5) cross that must add up to the Magic Total, in the order in which they can be found. Throws
+/// std::runtime_error when that leaves a blank open, or any line with another sum.
 std::vector<Answer> solve(Board board);
 
 } // namespace quarvelle::demo

@@ -111,5 +111,39 @@ picture 8-before-closing
 xdotool key alt+F4
 ends_well
 
+echo "The 5 by 5 properties, played to the end of a square"
+start_program
+choose 3 4 2 2
+await "the properties page" see_color '#ff00ff'
+# In each pair one box against the other; then neither kind of diagonals, which "Done" does not accept.
+for left in 16 168 320 504; do
+    click $((page_x + left + 8)) $((page_y + 252))
+    click $((page_x + left + 8)) $((page_y + 292))
+done
+click $((page_x + 24)) $((page_y + 60))
+picture 9-properties
+click $((page_x + 260)) $((page_y + 108))
+await "the main page" see_page
+choose 3 4 2 2
+await "the properties page" see_color '#ff00ff'
+picture 10-properties-again
+click $((page_x + 260)) $((page_y + 108))
+await "the main page" see_page
+practise 5 1 1
+correct=0
+blanks=$(wc -l <"$scratch/answers")
+[ "$blanks" -gt 10 ] || fail "a square with more blanks than rows, columns and diagonals bear"
+cp "$scratch/answers" "$scratch/first"
+while read -r x y text; do
+    type_answer "$x" "$y" "$text"
+    [ $((correct + 1)) -ne "$blanks" ] || picture 11-last-of-many-blanks
+    press_enter
+    expect_score 5 $((++correct / blanks)) $correct 0
+done <"$scratch/first"
+xdotool key q
+await "the main page" see_page
+xdotool key alt+F4
+ends_well
+
 echo "All titles and boards were seen as expected. Pictures are in build/demo:"
 ls build/demo/*.png

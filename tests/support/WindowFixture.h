@@ -5,6 +5,7 @@
 
 #include "app/Program.h"
 #include "practice/Titles.h"
+#include "tests/print/FakePrinter.h"
 #include "tests/support/Keys.h"
 #include "tests/support/Lines.h"
 #include "tests/support/Scripted.h"
@@ -70,7 +71,8 @@ protected:
 
     ScriptedRandom random;
     ScriptedEvents events;
-    Program program{random, events};
+    FakePrinter printer;
+    Program program{random, events, &printer};
 };
 
 } // namespace quarvelle::testing
