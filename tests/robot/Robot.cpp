@@ -44,11 +44,17 @@ int Robot::run(long steps) {
             QObject::connect(window().menus().startover, &QAction::triggered,
                              [this] { m_keepsScore = false; });
             m_keepsScore = false;
+            ++m_seen["windows opened"];
             window().show();
         }
         step();
     }
     m_program.reset();
+    for (const auto& [what, times] : m_seen)
+        std::printf("%s: %ld\n", what.c_str(), times);
+    constexpr std::size_t kinds = 9;
+    if (steps >= 100000 && m_seen.size() != kinds)
+        fail("some of it was never seen");
     return m_failures;
 }
 
@@ -74,10 +80,12 @@ void Robot::wait() {
 std::unique_ptr<PrintJob> Robot::choose(const QString&) {
     if (below(4) == 0)
         return nullptr;
+    ++m_seen["batches printed"];
     return std::make_unique<FlakyJob>(below(60));
 }
 
 void Robot::tellFailure(const QString& reason) {
+    ++m_seen["failures told"];
     if (reason.isEmpty())
         fail("a failure without a reason");
 }
@@ -91,6 +99,7 @@ void Robot::step() {
         std::function<void()> act;
     } actions[] = {
         {30, "click", [this] { clickControl(); }},
+        {15, "start", [this] { clickButton(); }},
         {30, "cell", [this] { pressCell(); }},
         {40, "answer", [this] { typeAnswer(); }},
         {20, "key", [this] { pressKey(); }},
@@ -101,7 +110,7 @@ void Robot::step() {
         {2, "resize", [this] { resize(); }},
         {1, "nothing", [] { QCoreApplication::processEvents(); }},
     };
-    int drawn = below(156);
+    int drawn = below(171);
     for (const auto& action : actions) {
         drawn -= action.weight;
         if (drawn < 0) {
@@ -129,6 +138,16 @@ void Robot::clickControl() {
     QWidget* widget = oneOf(shown);
     m_done += " " + widget->objectName().toStdString();
     QTest::mouseClick(widget, Qt::LeftButton, {}, {below(widget->width()), below(widget->height())});
+}
+
+void Robot::clickButton() {
+    const std::vector<QPushButton*> buttons = {
+        window().mainPage().controls().Command4, window().mainPage().controls().Command4,
+        window().mainPage().controls().Command1, window().informationPage().controls().Command3,
+        window().propertiesPage().controls().Command6};
+    QPushButton* button = oneOf(buttons);
+    if (button->isVisible())
+        QTest::mouseClick(button, Qt::LeftButton);
 }
 
 void Robot::pressCell() {
@@ -209,7 +228,8 @@ void Robot::chooseMenuItem() {
     std::erase_if(items, [this](QAction* item) {
         const bool settings =
             item->actionGroup() && !window().menus().printoptions->menuAction()->isVisible();
-        return settings || (item == window().menus().quit && below(30) != 0);
+        return settings ||
+               ((item == window().menus().quit || item == window().menus().qplaying) && below(30) != 0);
     });
     if (items.empty())
         return;
@@ -240,6 +260,8 @@ void Robot::check() {
     for (std::size_t i = 0; i < score.size(); ++i)
         if (m_keepsScore && score[i] < m_score[i])
             fail("the score went down");
+    m_seen["squares solved"] += m_keepsScore && score[0] > m_score[0];
+    m_seen["right answers"] += m_keepsScore && score[1] > m_score[1];
     m_score = score;
     m_keepsScore = state().practising == 1;
     if (window().findChildren<QObject*>().size() > 400)
@@ -249,6 +271,7 @@ void Robot::check() {
 void Robot::checkPage() {
     const Ui::MagicSquare2& menus = window().menus();
     const int page = state().currentPage;
+    ++m_seen["steps on page " + std::to_string(page)];
     QWidget* const pages[] = {&window().mainPage(), &window().boardPage(), &window().informationPage(),
                               &window().propertiesPage()};
     for (int other = 0; other < 4; ++other)

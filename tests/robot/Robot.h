@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <random>
 
@@ -36,6 +37,7 @@ private:
 
     void step();
     void clickControl();
+    void clickButton();
     void pressCell();
     void typeAnswer();
     void pressKey();
@@ -59,6 +61,7 @@ private:
     int m_failures = 0;
     bool m_keepsScore = false; ///< practice goes on, and was not started over since the last look
     std::array<int, 3> m_score{};
+    std::map<std::string, long> m_seen; ///< how often what was come across
     std::string m_done;
 };
 
