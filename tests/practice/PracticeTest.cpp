@@ -83,42 +83,31 @@ TEST_F(PracticeTest, SelectsCellsByTheirPixels) {
     type(page().Text3, "6");
     practise({[&] {
         const auto blanks = testing::blanksOf(state());
-        const Cell blank = *std::find_if(blanks.begin(), blanks.end(),
-                                         [](const Cell& cell) { return cell.first > 1 && cell.second > 1; });
-        const int left = 8 + 24 * (blank.first - 1);
-        const int top = 8 + 18 * (blank.second - 1);
-        const struct {
-            int x, y;
-            Cell hit;
-        } rows[] = {
-            {left, top, blank},
-            {left + 23, top + 17, blank},
-            {left - 1, top, {blank.first - 1, blank.second}},
-            {left, top - 1, {blank.first, blank.second - 1}},
-            {left + 24, top, {blank.first + 1, blank.second}},
-            {8 + 24 * 5, top, {0, 0}},
-            {left, 8 + 18 * 5, {0, 0}},
-            {7, top, {0, 0}},
-        };
-        for (const auto& row : rows) {
+        const auto clickAt = [&](int x, int y) {
             state().selectedRow = state().selectedColumn = 0;
-            QTest::mouseClick(&window().boardPage(), Qt::LeftButton, {}, {row.x, row.y});
-            const Cell expected = blanks.count(row.hit) ? row.hit : Cell{0, 0};
-            EXPECT_EQ(Cell(state().selectedRow, state().selectedColumn), expected) << row.x << ' ' << row.y;
-        }
-        press(blank);
+            window().boardPage().closeAnswerBox();
+            QTest::mouseClick(&window().boardPage(), Qt::LeftButton, {}, {x, y});
+            return Cell(state().selectedRow, state().selectedColumn);
+        };
+        for (int row = 0; row <= 6; ++row)
+            for (int column = 0; column <= 6; ++column) {
+                const Cell selected = blanks.count({row, column}) ? Cell{row, column} : Cell{0, 0};
+                const int left = 8 + 24 * (row - 1);
+                const int top = 8 + 18 * (column - 1);
+                EXPECT_EQ(clickAt(left, top), selected) << "a grid line belongs to the cell after it";
+                EXPECT_EQ(clickAt(left + 23, top + 17), selected);
+            }
+        press(firstBlank());
         typeText(window(), "1");
-        press(blank);
+        press(firstBlank());
         EXPECT_EQ(answerBox().text(), "1") << "the open box keeps what was typed";
         window().boardPage().closeAnswerBox();
-        press(blank);
+        press(firstBlank());
         EXPECT_TRUE(answerBox().isVisible()) << "the cell selected last can be chosen again";
-        const std::string shown = title();
-        window().setWindowTitle("Creating (5 by 5) Complete Magic Square (with blanks)");
         window().boardPage().closeAnswerBox();
-        press(blank);
+        window().setWindowTitle("Creating (5 by 5) Complete Magic Square (with blanks)");
+        press(firstBlank());
         EXPECT_FALSE(answerBox().isVisible()) << "not while a square is being made";
-        window().setWindowTitle(QString::fromStdString(shown));
     }});
 }
 
@@ -128,9 +117,7 @@ TEST_F(PracticeTest, TakesAnswersByNumberOrTextAndShowsThemWhole) {
     } rows[] = {{"5", "1", "1"},   {"5", "-3", "1"}, {"5", "1", "0.5"},       {"5", "0.1", "0.1"},
                 {"5", "-24", "1"}, {"29", "1", "1"}, {"5", "1E+15", "1E+11"}, {"7", "1", "1E-9"}};
     for (const auto& row : rows) {
-        type(page().Text2, row.size);
-        type(page().text4, row.start);
-        type(page().Text5, row.distance);
+        enter(row.size, row.start, row.distance);
         practise({
             [&] {
                 QString widest;
@@ -169,9 +156,7 @@ TEST_F(PracticeTest, TakesAnswersByNumberOrTextAndShowsThemWhole) {
 }
 
 TEST_F(PracticeTest, RefusesWhatTidyingMakesTooLarge) {
-    type(page().Text2, "23");
-    type(page().text4, "9990");
-    type(page().Text5, "-1");
+    enter("23", "9990", "-1");
     ASSERT_TRUE(page().Command4->isEnabled());
     click(page().Command4);
     EXPECT_EQ(state().distance, 1);
@@ -181,30 +166,24 @@ TEST_F(PracticeTest, RefusesWhatTidyingMakesTooLarge) {
 }
 
 TEST_F(PracticeTest, TidiesTheSettings) {
+    // Blanks, start, distance, random starts, count.
+    EntryBox* const boxes[] = {page().Text3, page().text4, page().Text5, page().Text7, page().Text1};
     const struct {
-        const char *distanceBefore, *blanks, *start, *distance, *starts, *count;
-        const char *blanksAfter, *startAfter, *distanceAfter, *startsAfter, *countAfter;
+        const char* distanceBefore;
+        std::array<const char*, 5> typed, shown;
         double distanceUsed;
-    } rows[] = {
-        {"1", "", "", "", "0", "", "1", "0", "1", "2", "0", 1},
-        {"1", "007", "007", "2.50", "3x", "12", "7", "7", "2.5", "3x", "12", 2.5},
-        {"2", "0", "x", "0", "-1", "1", "1", "0", "1", "2", "1", 1},
-        {"2", "0.5", "1", "-3", "1", "1", "1", "1", "1", "1", "1", 1},
-        {"1", "-9", "1e2", "1e-3", "1", "1", "1", "100", "0.001", "1", "1", 0.001},
-    };
+    } rows[] = {{"1", {"", "", "", "0", ""}, {"1", "0", "1", "2", "0"}, 1},
+                {"1", {"007", "007", "2.50", "3x", "12"}, {"7", "7", "2.5", "3x", "12"}, 2.5},
+                {"2", {"0", "x", "0", "-1", "1"}, {"1", "0", "1", "2", "1"}, 1},
+                {"2", {"0.5", "1", "-3", "1", "1"}, {"1", "1", "1", "1", "1"}, 1},
+                {"1", {"-9", "1e2", "1e-3", "1", "1"}, {"1", "100", "0.001", "1", "1"}, 0.001}};
     for (const auto& row : rows) {
         type(page().Text5, row.distanceBefore);
-        type(page().Text3, row.blanks);
-        type(page().text4, row.start);
-        type(page().Text5, row.distance);
-        type(page().Text7, row.starts);
-        type(page().Text1, row.count);
+        for (std::size_t box = 0; box < 5; ++box)
+            type(boxes[box], row.typed[box]);
         practise({[&] { EXPECT_EQ(state().distance, row.distanceUsed); }});
-        EXPECT_EQ(page().Text3->text(), row.blanksAfter);
-        EXPECT_EQ(page().text4->text(), row.startAfter);
-        EXPECT_EQ(page().Text5->text(), row.distanceAfter);
-        EXPECT_EQ(page().Text7->text(), row.startsAfter);
-        EXPECT_EQ(page().Text1->text(), row.countAfter);
+        for (std::size_t box = 0; box < 5; ++box)
+            EXPECT_EQ(boxes[box]->text(), row.shown[box]);
     }
 }
 
@@ -223,9 +202,7 @@ TEST_F(PracticeTest, DrawsStartingNumbers) {
     };
     click(page().Check1);
     for (const auto& row : rows) {
-        type(page().Text2, row.size);
-        type(page().text4, row.start);
-        type(page().Text5, row.distance);
+        enter(row.size, row.start, row.distance);
         type(page().Text7, row.starts);
         random = testing::ScriptedRandom(row.draws);
         practise({[&] { EXPECT_EQ(state().startNumber, row.drawn) << row.start; }});

@@ -41,6 +41,12 @@ protected:
         typeText(window(), text);
     }
 
+    void enter(const QString& size, const QString& start, const QString& distance) {
+        type(page().Text2, size);
+        type(page().text4, start);
+        type(page().Text5, distance);
+    }
+
     void click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
 
     /// A press in the middle of a cell of the board.

@@ -31,9 +31,7 @@ TEST_F(LookTest, CaptionsCanBeReadWhole) {
     }
     for (const auto& [start, distance] :
          {std::pair{"-77777", "1"}, {"1", "99999999"}, {"0.1", "0.03"}, {"8888888", "1"}}) {
-        type(page().Text2, "5");
-        type(page().text4, start);
-        type(page().Text5, distance);
+        enter("5", start, distance);
         expectWhole(start);
     }
 }
