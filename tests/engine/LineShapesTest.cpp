@@ -66,6 +66,9 @@ TEST(DeductionCheck, RejectsOnlyCycles) {
         {"chain of three", 7, {{2, 3, 2}, {2, 6, 1}}, {5, 6, 2}, 1},
         {"chain of three closed", 7, {{2, 3, 2}, {2, 6, 1}, {5, 6, 2}}, {5, 3, 1}, 0},
         {"through the wrap-around", 7, {{7, 7, 3}}, {3, 4, 3}, 0},
+        {"blanks that wait for each other already", 7, {{2, 3, 2}, {2, 6, 2}}, {5, 3, 1}, 1},
+        {"blanks that meet on one", 7, {{1, 3, 2}, {1, 5, 1}, {3, 3, 3}}, {6, 3, 1}, 1},
+        {"candidate blank already", 5, {{3, 3, 1}, {2, 3, 2}}, {3, 3, 1}, 1},
         {"largest order", 103, {{103, 103, 4}, {1, 103, 2}}, {103, 1, 3}, 1},
     };
     for (const auto& row : rows) {

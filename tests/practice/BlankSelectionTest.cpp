@@ -97,7 +97,7 @@ TEST(BlankSelection, EveryPropertyGivesSolvablePuzzles) {
             events.onYield = [&](int) { noteKind(); };
             makePuzzle(*state, random, events);
             noteKind();
-            ASSERT_NO_FATAL_FAILURE(expectSolvable(*state, lines)) << ::testing::PrintToString(options.modes);
+            ASSERT_NO_FATAL_FAILURE(expectSolvable(*state, lines)) << options;
         }
     }
     for (int kind = 1; kind <= lineKindCount; ++kind)

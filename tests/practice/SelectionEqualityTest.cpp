@@ -4,8 +4,6 @@
 #include <vector>
 
 #include "engine/Construction.h"
-#include "engine/DeductionCheck.h"
-#include "engine/LineKinds.h"
 #include "practice/BlankSelection.h"
 #include "tests/support/Lines.h"
 #include "tests/support/Literal.h"
@@ -26,6 +24,11 @@ struct Settings {
     int stopAt = 0; ///< the turn at which a stop is asked for; 0 for none
 };
 
+std::ostream& operator<<(std::ostream& out, const Settings& s) {
+    return out << "order " << s.order << ", " << s.options << ", blanks " << s.blankCount << ", seed "
+               << s.seed << ", stop at " << s.stopAt;
+}
+
 /// What a handler can see when it gets its turn.
 using Flags = std::array<int, lineKindCount + 1>;
 using Turn = std::tuple<std::array<int, 8>, Flags, Flags, Flags>;
@@ -36,8 +39,7 @@ struct Outcome {
 };
 
 /// Two squares in a row, as a run of practice makes them: some results outlive a selection.
-template <class MakePuzzle>
-Outcome outcomeOf(const Settings& settings, MakePuzzle makePuzzle) {
+Outcome outcomeOf(const Settings& settings, bool isLiteral) {
     Outcome outcome;
     outcome.state = testing::stateOf(settings.order, settings.options, settings.blankCount);
     ProgramState& s = *outcome.state;
@@ -56,40 +58,27 @@ Outcome outcomeOf(const Settings& settings, MakePuzzle makePuzzle) {
         if (turn == settings.stopAt)
             s.stopRequested = Request::stop;
     };
-    for (int square = 0; square < 2 && s.stopRequested != Request::stop; ++square)
-        makePuzzle(s, random, events);
+    for (int square = 0; square < 2 && s.stopRequested != Request::stop; ++square) {
+        Literal literal(s, random, events);
+        isLiteral ? literal.buildCompleteSquare() : buildCompleteSquare(s, random, events);
+        if (s.stopRequested != Request::stop)
+            isLiteral ? literal.selectBlanks() : selectBlanks(s, random, events);
+    }
     note();
     return outcome;
 }
 
-void literalPuzzle(ProgramState& state, RandomSource& random, EventQueue& events) {
-    Literal literal(state, random, events);
-    literal.buildCompleteSquare();
-    if (state.stopRequested != Request::stop)
-        literal.selectBlanks();
-}
-
-void enginePuzzle(ProgramState& state, RandomSource& random, EventQueue& events) {
-    buildCompleteSquare(state, random, events);
-    if (state.stopRequested != Request::stop)
-        selectBlanks(state, random, events);
-}
-
 /// Returns how many turns there are.
 int expectEqual(const Settings& settings) {
-    const auto [expected, expectedTurns] = outcomeOf(settings, literalPuzzle);
-    const auto [actual, turns] = outcomeOf(settings, enginePuzzle);
+    const auto [expected, expectedTurns] = outcomeOf(settings, true);
+    const auto [actual, turns] = outcomeOf(settings, false);
     const auto differing =
         std::mismatch(turns.begin(), turns.end(), expectedTurns.begin(), expectedTurns.end());
     EXPECT_TRUE(turns == expectedTurns && actual->puzzle == expected->puzzle &&
                 (settings.stopAt != 0 || actual->square == expected->square) &&
                 actual->placedRow == expected->placedRow && actual->placedColumn == expected->placedColumn &&
                 actual->placedValue == expected->placedValue)
-        << "order " << settings.order << ", rows " << settings.options.rows << ", diagonals "
-        << settings.options.diagonals << ", difficulty " << settings.options.difficulty << ", modes "
-        << ::testing::PrintToString(settings.options.modes) << ", blanks " << settings.blankCount << ", seed "
-        << settings.seed << ", stop at " << settings.stopAt << ", equal for "
-        << differing.first - turns.begin() << " of " << turns.size();
+        << settings << " equal for " << differing.first - turns.begin() << " of " << turns.size();
     return static_cast<int>(turns.size()) - 1;
 }
 
@@ -121,35 +110,6 @@ TEST(SelectionEquality, LargestOrders) {
         expectEqual({103, {0, 1, difficulty}, 150, 2});
         expectEqual({101, {1, 0, difficulty}, 1e9, 3});
     }
-}
-
-TEST(SelectionEquality, CheckOfHandMadePuzzles) {
-    // Markers anywhere, so that lines give several blanks, blanks wait for each other already, and the
-    // candidate may be one of them.
-    ScriptedRandom random({}, 5);
-    ScriptedEvents events;
-    const auto state = std::make_unique<ProgramState>();
-    int accepted = 0;
-    constexpr int puzzles = 20000;
-    for (int puzzle = 0; puzzle < puzzles; ++puzzle) {
-        const int n = puzzle % 2 == 0 ? 5 : 11;
-        const int kinds = n == 5 ? lineKindCount : wholeLineKinds;
-        state->squareSize = static_cast<std::int16_t>(n);
-        state->puzzle = {};
-        for (int blank = random.below(2 * n); blank > 0; --blank)
-            cellAt(state->puzzle, 1 + random.below(n), 1 + random.below(n)) =
-                blankMarker(1 + random.below(kinds));
-        state->anchorRow = 1 + random.below(n);
-        state->anchorCol = 1 + random.below(n);
-        state->lineKind = 1 + random.below(kinds);
-        const Literal literal(*state, random, events);
-        const bool expected = literal.accepts(state->lineKind, {state->anchorRow, state->anchorCol});
-        accepted += expected;
-        makeblanks(*state);
-        ASSERT_EQ(state->blankAccepted, expected) << "puzzle " << puzzle;
-    }
-    EXPECT_GT(accepted, puzzles / 10);
-    EXPECT_LT(accepted, puzzles * 9 / 10);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <ostream>
 #include <set>
 #include <utility>
 #include <vector>
@@ -25,6 +26,12 @@ struct Options {
     int difficulty = Difficulty::challenging;
     std::array<int, 4> modes{}; ///< in the order of the kinds
 };
+
+inline std::ostream& operator<<(std::ostream& out, const Options& options) {
+    const auto& [rows, diagonals, difficulty, modes] = options;
+    return out << "rows " << rows << ", diagonals " << diagonals << ", difficulty " << difficulty
+               << ", modes " << modes[0] << modes[1] << modes[2] << modes[3];
+}
 
 inline std::unique_ptr<ProgramState> stateOf(int n, const Options& options, double blanks) {
     auto state = std::make_unique<ProgramState>();

@@ -15,8 +15,6 @@ namespace quarvelle::testing {
 /// found. Says what a square and its blanks must be for given draws, and when the draws and turns come.
 class Literal {
 public:
-    using Cell = quarvelle::Cell;
-
     Literal(ProgramState& state, RandomSource& random, EventQueue& events)
         : s(state), m_random(random), m_events(events) {}
 
@@ -57,20 +55,6 @@ public:
         s.puzzle = s.square;
     }
 
-    /// Whether the candidate may become a blank that is found through `kind`: no blank that it needs needs
-    /// it.
-    bool accepts(int kind, Cell candidate) const {
-        std::vector<Cell> needed{candidate};
-        for (std::size_t i = 0; i < needed.size(); ++i)
-            for (const Cell cell : line(i == 0 ? kind : markerKind(valueAt(needed[i])), needed[i])) {
-                if (i != 0 && cell == candidate)
-                    return false;
-                if (isBlank(valueAt(cell)) && std::find(needed.begin(), needed.end(), cell) == needed.end())
-                    needed.push_back(cell);
-            }
-        return true;
-    }
-
     void selectBlanks() {
         std::fill_n(s.lineRejected.begin() + 1, 4, 0);
         s.placeIndex = 0;
@@ -87,6 +71,7 @@ public:
     }
 
 private:
+    using Cell = quarvelle::Cell;
     using Flags = std::array<int, lineKindCount + 1>;
 
     static std::size_t at(int index) { return static_cast<std::size_t>(index); }
@@ -220,7 +205,7 @@ private:
             s.probeKind = kind;
             s.probeAnchorRow = m_candidate.row;
             s.probeAnchorCol = m_candidate.column;
-        } else if (!liesOnRootLine() && accepts(kind, m_candidate)) {
+        } else if (!liesOnRootLine() && accepts(kind)) {
             candidateCell() = blankMarker(kind);
         } else {
             s.lineRejected[at(kind)] = 1;
@@ -230,8 +215,22 @@ private:
         return true;
     }
 
+    /// Whether the candidate may become a blank that is found through `kind`: no blank that it needs needs
+    /// it.
+    bool accepts(int kind) const {
+        std::vector<Cell> needed{m_candidate};
+        for (std::size_t i = 0; i < needed.size(); ++i)
+            for (const Cell cell : line(i == 0 ? kind : markerKind(valueAt(needed[i])), needed[i])) {
+                if (i != 0 && cell == m_candidate)
+                    return false;
+                if (isBlank(valueAt(cell)) && std::find(needed.begin(), needed.end(), cell) == needed.end())
+                    needed.push_back(cell);
+            }
+        return true;
+    }
+
     bool placeThrough(int kind) {
-        const bool places = takesPart(kind) && blanksOn(kind) >= 0 && accepts(kind, m_candidate);
+        const bool places = takesPart(kind) && blanksOn(kind) >= 0 && accepts(kind);
         if (places)
             candidateCell() = blankMarker(kind);
         return places;
