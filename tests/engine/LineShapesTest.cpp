@@ -19,7 +19,7 @@ TEST(Stepping, FollowsTheExamples) {
         {3, 0, {1, 1}, {2, 0}, {1, 1}},  {2, 0, {4, 5}, {4, 6}, {4, 5}},  {7, 0, {3, 3}, {1, 3}, {3, 5}},
         {7, 2, {3, 3}, {3, 5}, {1, 3}},  {12, 0, {5, 1}, {1, 1}, {5, 5}}, {13, 2, {1, 5}, {5, 5}, {1, 1}},
         {9, 3, {4, 4}, {3, 3}, {3, 3}},  {16, 1, {2, 2}, {2, 4}, {2, 4}}, {20, 4, {2, 2}, {2, 2}, {2, 2}},
-        {24, 7, {2, 2}, {2, 2}, {2, 2}}, {4, 0, {5, 5}, {6, 6}, {5, 5}},  {6, 0, {1, 1}, {3, 1}, {3, 1}},
+        {24, 7, {2, 2}, {4, 4}, {4, 4}}, {4, 0, {5, 5}, {6, 6}, {5, 5}},  {6, 0, {1, 1}, {3, 1}, {3, 1}},
         {8, 0, {1, 3}, {1, 1}, {3, 3}},  {10, 0, {3, 3}, {1, 1}, {1, 1}}, {14, 0, {5, 5}, {5, 1}, {1, 5}},
         {11, 0, {1, 1}, {5, 1}, {5, 1}}, {15, 0, {2, 2}, {1, 2}, {1, 2}},
     };
@@ -27,12 +27,22 @@ TEST(Stepping, FollowsTheExamples) {
         ProgramState state;
         state.lineKind = state.probeKind = row.kind;
         state.stepIndex = row.stepIndex;
-        state.anchorRow = state.curRow = state.probeAnchorRow = state.probeRow = row.anchor.first;
-        state.anchorCol = state.curCol = state.probeAnchorCol = state.probeCol = row.anchor.second;
+        std::tie(state.anchorRow, state.anchorCol) = row.anchor;
+        std::tie(state.probeAnchorRow, state.probeAnchorCol) = row.anchor;
+        const Cell cursor = row.kind <= wholeLineKinds ? row.anchor : Cell{4, 4};
+        std::tie(state.curRow, state.curCol) = cursor;
+        std::tie(state.probeRow, state.probeCol) = cursor;
         findline2(state);
         findline1(state);
         EXPECT_EQ(Cell(state.curRow, state.curCol), row.mainAfter) << row.kind;
         EXPECT_EQ(Cell(state.probeRow, state.probeCol), row.probeAfter) << row.kind;
+    }
+}
+
+TEST(Markers, ArePowersOfTen) {
+    for (int kind = 1; kind <= lineKindCount; ++kind) {
+        EXPECT_EQ(blankMarker(kind), std::stod("1e" + std::to_string(199 + kind)));
+        EXPECT_EQ(markerKind(blankMarker(kind)), kind);
     }
 }
 

@@ -21,6 +21,7 @@ TEST(MagicArithmetic, CaptionsAndTotals) {
         {5, 1, 1, "Magic Total = 65", "Last number equals: 25"},
         {5, 1, 0.1, "Magic Total = 11", "Last number equals: 3.4"},
         {5, -1000000, 1, "Magic Total = -4999940", "Last number equals: -999976"},
+        {5, 9999976, 1, "Magic Total = 49999940", "Last number is {very large!}"},
         {5, 1999999988, 1, "Magic Total = 10000000000", "Last number is {very large!}"},
         {5, 19999999988, 1, "Magic Total is {very large!}", "Last number is {very large!}"},
         {5, 1e308, 1e308, "Magic Total is {very large!}", "Last number is {very large!}"},
@@ -40,11 +41,12 @@ TEST(MagicArithmetic, CellWidthsAndFit) {
         int columns, rows;
         bool playable;
     } rows[] = {
-        {29, 1, 1000, 6, 6, 48, 15, 29, true},  {31, 1, 1, 3, 3, 24, 31, 29, true},
-        {5, -5, 1, 2, 3, 24, 5, 5, true},                                           // 19 is as long as -5
-        {5, -15, 1, 3, 3, 24, 5, 5, true},                                          // 9 is shorter than -15
-        {5, -100, -1, 4, 4, 32, 5, 5, true},    {7, 1, 1e14, 7, 7, 56, 7, 7, true}, // "4.8E+15"
-        {5, 1e200, 1, 6, 6, 48, 5, 5, false},   {5, 1e308, 1e308, 13, 13, 104, 5, 5, false},
+        {29, 1, 1000, 6, 6, 48, 15, 29, true},     {31, 1, 1, 3, 3, 24, 31, 29, true},
+        {5, -5, 1, 2, 3, 24, 5, 5, true},  // 19 is as long as -5
+        {5, -15, 1, 3, 3, 24, 5, 5, true}, // 9 is shorter than -15
+        {5, -100, -1, 4, 4, 32, 5, 5, true},       {7, 1, 1e14, 7, 7, 56, 7, 7, true}, // "4.8E+15"
+        {5, 1e200, -5e198, 7, 7, 56, 5, 5, false}, // to -2E+199   {5, 1e308, 1e308, 13, 13, 104, 5, 5,
+                                                   // false},
         {32749, 1, 1, 10, 10, 80, 9, 29, true},
     };
     for (const auto& row : rows) {
