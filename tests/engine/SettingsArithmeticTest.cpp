@@ -47,8 +47,8 @@ TEST(MagicArithmetic, CellWidthsAndFit) {
         {5, -15, 1, 3, 3, 24, 5, 5, true}, // 9 is shorter than -15
         {5, -100, -1, 4, 4, 32, 5, 5, true},
         {7, 1, 1e14, 7, 7, 56, 7, 7, true},        // "4.8E+15"
-        {5, 1e200, -5e198, 7, 7, 56, 5, 5, false}, // to -2E+199   {5, 1e308, 1e308, 13, 13, 104, 5, 5,
-                                                   // false},
+        {5, 1e200, -5e198, 7, 7, 56, 5, 5, false}, // to -2E+199
+        {5, 1e308, 1e308, 13, 13, 104, 5, 5, false},
         {32749, 1, 1, 10, 10, 80, 9, 29, true},
     };
     for (const auto& row : rows) {
