@@ -1,8 +1,7 @@
 #include "engine/Construction.h"
 
 #include <gtest/gtest.h>
-#include <numeric>
-#include <set>
+#include <map>
 
 #include "engine/MagicArithmetic.h"
 #include "tests/support/Lines.h"
@@ -15,27 +14,23 @@ using testing::at;
 using testing::ScriptedEvents;
 using testing::ScriptedRandom;
 
-std::vector<double> numbersOf(const ProgramState& state) {
-    std::vector<double> numbers;
-    for (int row = 1; row <= state.squareSize; ++row)
-        for (int column = 1; column <= state.squareSize; ++column)
-            numbers.push_back(at(state.square, {row, column}));
-    return numbers;
-}
-
-void expectComplete(const ProgramState& state) {
+void expectComplete(ProgramState& state) {
     const double total = magicTotal(state.squareSize, state.startNumber, state.distance);
-    for (const testing::Line& line : testing::completeLines(state.squareSize)) {
-        const double sum =
-            std::accumulate(line.begin(), line.end(), 0.0, [&](double partial, testing::Cell cell) {
-                return partial + at(state.square, cell);
-            });
+    std::vector<double> numbers;
+    state.allDiagonals = 1;
+    for (const testing::Line& line : testing::linesInPlay(state)) {
+        double sum = 0;
+        for (const testing::Cell& cell : line)
+            sum += at(state.square, cell);
         ASSERT_NEAR(sum, total, std::fabs(total) * 1e-12 + 1e-9) << "order " << state.squareSize;
+        if (line[0].first == line[1].first) // a row
+            for (const testing::Cell& cell : line)
+                numbers.push_back(at(state.square, cell));
     }
-    std::vector<double> numbers = numbersOf(state);
     std::sort(numbers.begin(), numbers.end());
+    ASSERT_EQ(numbers.size(), static_cast<std::size_t>(state.squareSize * state.squareSize));
     for (std::size_t k = 0; k < numbers.size(); ++k)
-        ASSERT_EQ(numbers[k], realValue(static_cast<double>(k + 1), state.startNumber, state.distance));
+        ASSERT_EQ(numbers[k], state.startNumber + state.distance * static_cast<double>(k));
     EXPECT_EQ(state.square, state.puzzle);
 }
 
@@ -54,51 +49,43 @@ TEST(Construction, IsCompleteForEveryOrder) {
         }
 }
 
-/// Pearson's statistic of counts that should all be equal, in standard deviations from its mean.
-double chiSquareDeviation(const std::vector<int>& counts) {
-    const double expected =
-        std::accumulate(counts.begin(), counts.end(), 0.0) / static_cast<double>(counts.size());
+/// That counts which should all be equal are: Pearson's statistic, in standard deviations from its mean.
+void expectUniform(const std::map<std::vector<int>, int>& counts, int kinds, int draws) {
+    ASSERT_EQ(static_cast<int>(counts.size()), kinds);
+    const double expected = static_cast<double>(draws) / kinds;
     double chiSquare = 0;
-    for (const int count : counts)
+    for (const auto& [kind, count] : counts)
         chiSquare += (count - expected) * (count - expected) / expected;
-    const double freedom = static_cast<double>(counts.size()) - 1;
-    return (chiSquare - freedom) / std::sqrt(2 * freedom);
+    const double freedom = kinds - 1;
+    EXPECT_LT(std::fabs(chiSquare - freedom) / std::sqrt(2 * freedom), 4);
 }
 
 TEST(Construction, IsUniform) {
     const auto state = std::make_unique<ProgramState>();
     ScriptedEvents events;
     SeededRandom random(43200.25F);
-    // The cell of 1 and the places of 2 to 6, 11, 16 and 21 tell the squares of order 5 apart.
-    std::map<std::array<int, 9>, int> squares;
+    // The rows of a square of order 5 follow from the first two.
+    std::map<std::vector<int>, int> squares;
     for (int draw = 0; draw < 30 * 28800; ++draw) {
         buildCompleteSquare(*state, random, events);
-        std::array<int, 9> places{};
-        for (int cell = 0; cell < 25; ++cell) {
-            const auto value = static_cast<int>(at(state->square, {1 + cell / 5, 1 + cell % 5}));
-            if (value <= 6 || value % 5 == 1)
-                places[static_cast<std::size_t>(value <= 6 ? value - 1 : 4 + value / 5)] = cell;
-        }
-        ++squares[places];
+        std::vector<int> firstRows;
+        for (int cell = 0; cell < 10; ++cell)
+            firstRows.push_back(static_cast<int>(at(state->square, {1 + cell / 5, 1 + cell % 5})));
+        ++squares[firstRows];
     }
-    std::vector<int> counts;
-    for (const auto& [places, count] : squares)
-        counts.push_back(count);
-    EXPECT_EQ(counts.size(), 28800U);
-    EXPECT_LT(std::fabs(chiSquareDeviation(counts)), 4);
+    expectUniform(squares, 28800, 30 * 28800);
 
     for (const int n : {7, 13}) {
         state->squareSize = static_cast<std::int16_t>(n);
-        std::vector<int> origins(static_cast<std::size_t>(n * n));
-        std::vector<int> directions(12); // ordered pairs of different ones
+        std::map<std::vector<int>, int> origins;
+        std::map<std::vector<int>, int> directions;
         for (int draw = 0; draw < 12000; ++draw) {
             buildCompleteSquare(*state, random, events);
-            ++origins[static_cast<std::size_t>((state->placedRow[1] - 1) * n + state->placedColumn[1] - 1)];
-            const int second = state->stepDirection - (state->stepDirection > state->firstDirection ? 2 : 1);
-            ++directions[static_cast<std::size_t>((state->firstDirection - 1) * 3 + second)];
+            ++origins[{state->placedRow[1], state->placedColumn[1]}];
+            ++directions[{state->firstDirection, state->stepDirection}];
         }
-        EXPECT_LT(std::fabs(chiSquareDeviation(origins)), 4);
-        EXPECT_LT(std::fabs(chiSquareDeviation(directions)), 4);
+        expectUniform(origins, n * n, 12000);
+        expectUniform(directions, 12, 12000); // ordered pairs of different ones
     }
 }
 
@@ -107,16 +94,14 @@ TEST(Construction, RejectedDrawsMoveNothing) {
     const std::vector<double> plain{0.1, 0.3, 0.7, 0.1, 0.4, 0.6, 0.9, 0.2, 0.9, 0.6, 0.4, 0.1};
     const std::vector<double> repeated{0.1, 0.3, 0.7, 0.1, 0.1,  0.4, 0.1, 0.6, 0.9,
                                        0.8, 0.6, 0.2, 0.9, 0.99, 0.6, 0.4, 0.6, 0.1};
-    ProgramState first;
-    ProgramState second;
+    ProgramState states[2];
     ScriptedEvents events;
-    ScriptedRandom plainDraws(plain);
-    ScriptedRandom repeatedDraws(repeated);
-    buildCompleteSquare(first, plainDraws, events);
-    buildCompleteSquare(second, repeatedDraws, events);
-    EXPECT_EQ(first.square, second.square);
-    EXPECT_EQ(plainDraws.draws(), static_cast<int>(plain.size()));
-    EXPECT_EQ(repeatedDraws.draws(), static_cast<int>(repeated.size()));
+    for (const auto& [state, draws] : {std::pair{&states[0], plain}, std::pair{&states[1], repeated}}) {
+        ScriptedRandom random(draws);
+        buildCompleteSquare(*state, random, events);
+        EXPECT_EQ(random.draws(), static_cast<int>(draws.size()));
+    }
+    EXPECT_EQ(states[0].square, states[1].square);
 }
 
 } // namespace

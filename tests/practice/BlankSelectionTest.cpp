@@ -12,32 +12,22 @@
 namespace quarvelle {
 namespace {
 
-using testing::at;
 using testing::Cell;
+using testing::Line;
+using testing::Options;
 using testing::ScriptedEvents;
 using testing::ScriptedRandom;
+using testing::stateOf;
 
-struct Options {
-    int mainLines, allDiagonals;
-    std::array<int, 4> modes{}; ///< in the order of the kinds
-};
-
-std::unique_ptr<ProgramState> squareOf(int n, const Options& options, int difficulty, double blanks) {
-    auto state = std::make_unique<ProgramState>();
-    state->squareSize = static_cast<std::int16_t>(n);
-    state->mainDiagonalsAndLines = options.mainLines;
-    state->allDiagonals = options.allDiagonals;
-    state->crossDiagonalMode = options.modes[0];
-    state->scatteredCrossDiagonalMode = options.modes[1];
-    state->crossLineMode = options.modes[2];
-    state->scatteredCrossLineMode = options.modes[3];
-    state->difficulty = difficulty;
-    state->blankCount = blanks;
-    return state;
+void makePuzzle(ProgramState& state, RandomSource& random, ScriptedEvents& events) {
+    ScriptedEvents building;
+    buildCompleteSquare(state, random, building);
+    selectBlanks(state, random, events);
 }
 
-testing::Line lineOf(int kind, Cell through, int n) {
-    testing::Line line;
+Line lineOf(int kind, Cell through, int n) {
+    Line line;
+    line.reserve(static_cast<std::size_t>(n));
     walkLine(kind, through.first, through.second, n, [&](int row, int column) {
         line.emplace_back(row, column);
         return true;
@@ -45,133 +35,106 @@ testing::Line lineOf(int kind, Cell through, int n) {
     return line;
 }
 
-/// Everything that must hold of a finished selection.
-void expectSolvable(const ProgramState& state) {
+/// Everything that must hold of a finished selection. Solves the puzzle.
+void expectSolvable(ProgramState& state, const std::set<Line>& lines) {
     const int n = state.squareSize;
+    const auto kindAt = [&](const Cell& cell) { return markerKind(testing::at(state.puzzle, cell)); };
+    for (const Cell& cell : lineOf(state.probeKind, {state.probeAnchorRow, state.probeAnchorCol}, n))
+        ASSERT_EQ(kindAt(cell), 0) << "a blank on the root line";
     const auto blanks = testing::blanksOf(state);
     ASSERT_EQ(static_cast<int>(blanks.size()), state.placeIndex - 1);
     ASSERT_GE(blanks.size(), 1U);
-    const auto found = testing::solve(state, magicTotal(n, state.startNumber, state.distance));
-    ASSERT_EQ(found.size(), blanks.size()) << "order " << n << " can't be solved one line at a time";
-    for (const auto& [cell, number] : found)
-        ASSERT_EQ(number, at(state.square, cell));
-    for (const Cell& cell : lineOf(state.probeKind, {state.probeAnchorRow, state.probeAnchorCol}, n))
-        ASSERT_EQ(blanks.count(cell), 0U) << "a blank on the root line";
     for (const Cell& cell : blanks) {
-        const int kind = markerKind(at(state.puzzle, cell));
-        const auto line = lineOf(kind, cell, n);
-        if (kind <= 4) {
-            ASSERT_EQ(
-                std::count_if(line.begin(), line.end(),
-                              [&](const Cell& other) { return markerKind(at(state.puzzle, other)) == kind; }),
-                1)
-                << "two blanks through one line";
-        }
+        const int kind = kindAt(cell);
+        Line line = lineOf(kind, cell, n);
+        const auto ofKind = [&](const Cell& other) { return kindAt(other) == kind; };
+        ASSERT_TRUE(kind > wholeLineKinds || std::count_if(line.begin(), line.end(), ofKind) == 1)
+            << "two blanks through one line";
+        std::sort(line.begin(), line.end());
+        ASSERT_EQ(lines.count(line), 1U) << "kind " << kind << " doesn't take part there";
     }
+    testing::solve(state.puzzle, lines, magicTotal(n, state.startNumber, state.distance));
+    ASSERT_TRUE(std::equal(state.square.begin(), state.square.begin() + n + 1, state.puzzle.begin()))
+        << "order " << n << " can't be solved one line at a time";
 }
 
 TEST(BlankSelection, EveryPuzzleCanBeSolvedOneLineAtATime) {
     for (const int n : {5, 7, 11, 13, 17, 19, 23, 29, 31})
-        for (const int difficulty : {Difficulty::easy, Difficulty::challenging})
-            for (const Options& options : {Options{1, 0}, Options{1, 1}, Options{0, 1}})
-                for (const double blanks : {1.0, 2.5, 100.0, 1e308}) {
-                    const auto state = squareOf(n, options, difficulty, blanks);
-                    ScriptedRandom random({}, static_cast<float>(n));
-                    ScriptedEvents events;
-                    buildCompleteSquare(*state, random, events);
-                    selectBlanks(*state, random, events);
-                    expectSolvable(*state);
-                    EXPECT_EQ(state->stopRequested, Request::playing);
-                    if (blanks < 3) {
-                        EXPECT_EQ(state->placeIndex, static_cast<int>(std::ceil(blanks)) + 1);
-                    }
-                }
+        for (const Options& options : testing::everyChoice(false))
+            for (const double blanks : {1.0, 2.5, 100.0, 1e308}) {
+                if (options.rows == 0 && options.diagonals == 0)
+                    continue;
+                const auto state = stateOf(n, options, blanks);
+                ScriptedRandom random({}, static_cast<float>(n));
+                ScriptedEvents events;
+                makePuzzle(*state, random, events);
+                expectSolvable(*state, testing::linesInPlay(*state));
+                EXPECT_EQ(state->stopRequested, Request::playing);
+                EXPECT_TRUE(blanks > 3 || state->placeIndex == std::ceil(blanks) + 1);
+            }
 }
 
 TEST(BlankSelection, EveryPropertyGivesSolvablePuzzles) {
     std::set<int> atRandom;
     std::set<int> byScan;
-    for (int combination = 0; combination < 81 * 6; ++combination) {
-        const int modes = combination % 81;
-        const Options options{combination / 81 % 3 != 2,
-                              combination / 81 % 3 != 0,
-                              {modes % 3, modes / 3 % 3, modes / 9 % 3, modes / 27}};
-        const int difficulty = combination < 81 * 3 ? Difficulty::easy : Difficulty::challenging;
-        ScriptedRandom random({}, static_cast<float>(combination));
-        for (int round = 0; round < 100; ++round) {
-            const auto state = squareOf(5, options, difficulty, round % 2 == 0 ? 1e6 : 1 + round % 16);
-            ScriptedEvents building;
-            buildCompleteSquare(*state, random, building);
-            ScriptedEvents events;
-            Grid before = state->puzzle;
-            const auto noteKinds = [&] {
+    ScriptedRandom random;
+    for (const Options& options : testing::everyChoice(true)) {
+        if (options.rows == 0 && options.diagonals == 0)
+            continue;
+        const auto state = stateOf(5, options, 0);
+        const auto lines = testing::linesInPlay(*state);
+        for (int round = 0; round < 200; ++round) {
+            state->blankCount = round % 4 == 0 ? 1e6 : 1 + round % 15;
+            int placed = 0;
+            const auto noteKind = [&] {
                 // The count of attempts is back at 0 after a scan.
-                for (int row = 1; row <= 5; ++row)
-                    for (int column = 1; column <= 5; ++column)
-                        if (at(before, {row, column}) != at(state->puzzle, {row, column}))
-                            (state->attemptCount == 0 ? byScan : atRandom)
-                                .insert(markerKind(at(state->puzzle, {row, column})));
-                before = state->puzzle;
+                const int kind = markerKind(cellAt(state->puzzle, state->anchorRow, state->anchorCol));
+                if (state->placeIndex > placed)
+                    (state->attemptCount == 0 ? byScan : atRandom).insert(kind);
+                placed = state->placeIndex;
             };
-            events.onYield = [&](int) { noteKinds(); };
-            selectBlanks(*state, random, events);
-            noteKinds();
-            expectSolvable(*state);
-            for (const Cell& cell : testing::blanksOf(*state)) {
-                const int kind = markerKind(at(state->puzzle, cell));
-                if (kind < 5 || options.modes[static_cast<std::size_t>(kind - 5) / 5] == PropertyMode::all)
-                    continue;
-                for (const Step offset : shapeOffsets(kind)) {
-                    ASSERT_TRUE(cell.first + offset.row >= 1 && cell.first + offset.row <= 5);
-                    ASSERT_TRUE(cell.second + offset.column >= 1 && cell.second + offset.column <= 5);
-                }
-            }
+            ScriptedEvents events;
+            events.onYield = [&](int) { noteKind(); };
+            makePuzzle(*state, random, events);
+            noteKind();
+            ASSERT_NO_FATAL_FAILURE(expectSolvable(*state, lines)) << options;
         }
     }
-    for (int kind = 1; kind <= lineKindCount; ++kind) {
-        EXPECT_EQ(atRandom.count(kind), 1U) << kind;
-        EXPECT_EQ(byScan.count(kind), 1U) << kind;
-    }
+    for (int kind = 1; kind <= lineKindCount; ++kind)
+        EXPECT_TRUE(atRandom.count(kind) == 1 && byScan.count(kind) == 1) << kind;
 }
 
 TEST(BlankSelection, SaturatesWhereTheMethodPutsIt) {
-    const Options all{1, 1, {2, 2, 2, 2}};
     const struct {
         Options options;
-        int difficulty, fewest, most, median;
+        int fewest, most, median; ///< a median of 0 stands for any
     } rows[] = {
-        {{1, 0}, Difficulty::easy, 8, 10, 0},
-        {{1, 0}, Difficulty::challenging, 8, 10, 0},
-        {{1, 0, {2, 2, 2, 2}}, Difficulty::challenging, 11, 16, 14},
-        {{1, 0, {2, 2, 2, 2}}, Difficulty::easy, 11, 16, 15},
-        {all, Difficulty::easy, 15, 16, 0},
-        {all, Difficulty::challenging, 15, 16, 0},
+        {{1, 0, Difficulty::easy}, 8, 10, 0},
+        {{1, 0, Difficulty::challenging}, 8, 10, 0},
+        {{1, 0, Difficulty::challenging, {2, 2, 2, 2}}, 11, 16, 14},
+        {{1, 0, Difficulty::easy, {2, 2, 2, 2}}, 11, 16, 15},
+        {{1, 1, Difficulty::easy, {2, 2, 2, 2}}, 15, 16, 0},
+        {{1, 1, Difficulty::challenging, {2, 2, 2, 2}}, 15, 16, 0},
     };
     for (const auto& row : rows) {
-        std::vector<int> counts;
+        const auto state = stateOf(5, row.options, 1e6);
+        std::multiset<int> counts;
         for (int seed = 1; seed <= 200; ++seed) {
-            const auto state = squareOf(5, row.options, row.difficulty, 1e6);
             ScriptedRandom random({}, static_cast<float>(seed));
             ScriptedEvents events;
-            buildCompleteSquare(*state, random, events);
-            selectBlanks(*state, random, events);
-            counts.push_back(state->placeIndex - 1);
+            makePuzzle(*state, random, events);
+            counts.insert(state->placeIndex - 1);
         }
-        std::sort(counts.begin(), counts.end());
-        EXPECT_GE(counts.front(), row.fewest);
-        EXPECT_LE(counts.back(), row.most);
-        if (row.median != 0) {
-            EXPECT_EQ(counts[100], row.median);
-        }
+        EXPECT_GE(*counts.begin(), row.fewest);
+        EXPECT_LE(*counts.rbegin(), row.most);
+        EXPECT_TRUE(row.median == 0 || *std::next(counts.begin(), 100) == row.median);
     }
 }
 
 TEST(BlankSelection, FollowsItsDraws) {
     // A draw of 0.1, 0.3, 0.5, 0.7 or 0.9 names row or column 1 to 5; of 0.1, 0.3, 0.6 or 0.8 a kind 1 to 4.
-    const auto state = squareOf(5, {1, 0}, Difficulty::challenging, 3);
+    const auto state = stateOf(5, {1, 0}, 3);
     ScriptedEvents events;
-    ScriptedRandom building;
-    buildCompleteSquare(*state, building, events);
     ScriptedRandom random({
         0.1, 0.3, 0.3,           // the root: row 1 through (1, 2)
         0.5, 0.7, 0.6, 0.1,      // (3, 4) is off the diagonals: kind 3 is drawn over, then its column
@@ -184,15 +147,14 @@ TEST(BlankSelection, FollowsItsDraws) {
     EXPECT_EQ(random.draws(), 20);
     EXPECT_EQ(state->probeKind, 2);
     EXPECT_EQ(testing::blanksOf(*state), (std::set<Cell>{{3, 4}, {3, 3}, {5, 4}}));
-    EXPECT_EQ(at(state->puzzle, {3, 4}), 1e200);
-    EXPECT_EQ(at(state->puzzle, {3, 3}), 1e201);
-    EXPECT_EQ(at(state->puzzle, {5, 4}), 1e201);
-    EXPECT_EQ(state->placeIndex, 4);
+    EXPECT_EQ(cellAt(state->puzzle, 3, 4), 1e200);
+    EXPECT_EQ(cellAt(state->puzzle, 3, 3), 1e201);
+    EXPECT_EQ(cellAt(state->puzzle, 5, 4), 1e201);
     EXPECT_EQ(state->attemptCount, 6);
 }
 
 TEST(BlankSelection, BlanksNothingWithoutLines) {
-    const auto none = squareOf(5, {0, 0}, Difficulty::easy, 3);
+    const auto none = stateOf(5, {0, 0}, 3);
     ScriptedEvents events;
     ScriptedRandom random;
     selectBlanks(*none, random, events);

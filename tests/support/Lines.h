@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
-#include <optional>
+#include <memory>
+#include <ostream>
 #include <set>
 #include <utility>
 #include <vector>
@@ -19,62 +19,86 @@ inline double at(const Grid& grid, Cell cell) {
     return grid[static_cast<std::size_t>(cell.first)][static_cast<std::size_t>(cell.second)];
 }
 
-inline int onto(int coordinate, int n) {
-    return ((coordinate - 1) % n + n) % n + 1;
+/// What takes part in a puzzle.
+struct Options {
+    int rows = 1;
+    int diagonals = 1;
+    int difficulty = Difficulty::challenging;
+    std::array<int, 4> modes{}; ///< in the order of the kinds
+};
+
+inline std::ostream& operator<<(std::ostream& out, const Options& options) {
+    const auto& [rows, diagonals, difficulty, modes] = options;
+    return out << "rows " << rows << ", diagonals " << diagonals << ", difficulty " << difficulty
+               << ", modes " << modes[0] << modes[1] << modes[2] << modes[3];
 }
 
-/// The n lines from row 1 or column 1 on in steps of (dr, dc), all of them or the one through (row, 1).
-inline Line straightLine(int n, Cell from, int dr, int dc) {
+inline std::unique_ptr<ProgramState> stateOf(int n, const Options& options, double blanks) {
+    auto state = std::make_unique<ProgramState>();
+    state->squareSize = static_cast<std::int16_t>(n);
+    state->mainDiagonalsAndLines = options.rows;
+    state->allDiagonals = options.diagonals;
+    state->difficulty = options.difficulty;
+    state->crossDiagonalMode = options.modes[0];
+    state->scatteredCrossDiagonalMode = options.modes[1];
+    state->crossLineMode = options.modes[2];
+    state->scatteredCrossLineMode = options.modes[3];
+    state->blankCount = blanks;
+    return state;
+}
+
+/// Every choice for order 5, or of rows, diagonals and difficulty alone.
+inline std::vector<Options> everyChoice(bool withModes) {
+    std::vector<Options> choices;
+    for (int m = 0; m < (withModes ? 81 : 1); ++m)
+        for (int line = 0; line < 4; ++line)
+            for (const int difficulty : {Difficulty::easy, Difficulty::challenging})
+                choices.push_back({line & 1, line >> 1, difficulty, {m % 3, m / 3 % 3, m / 9 % 3, m / 27}});
+    return choices;
+}
+
+/// The cells at the offsets from a cell, with wrap-around, in order.
+inline Line lineAt(int n, Cell from, const Line& offsets) {
+    const auto onto = [n](int coordinate) { return ((coordinate - 1) % n + n) % n + 1; };
     Line line;
-    for (int i = 0; i < n; ++i)
-        line.emplace_back(onto(from.first + i * dr, n), onto(from.second + i * dc, n));
+    for (const auto& [row, column] : offsets)
+        line.emplace_back(onto(from.first + row), onto(from.second + column));
+    std::sort(line.begin(), line.end());
     return line;
 }
 
-/// Every row, column and diagonal of order n, broken diagonals included.
-inline std::vector<Line> completeLines(int n) {
-    std::vector<Line> lines;
-    for (int i = 1; i <= n; ++i)
-        for (const Cell& step : {Cell{1, 0}, Cell{0, 1}, Cell{1, 1}, Cell{1, -1}})
-            lines.push_back(
-                straightLine(n, step.first == 0 ? Cell{i, 1} : Cell{1, i}, step.first, step.second));
-    return lines;
-}
-
-/// The lines that a puzzle may be solved through, by its options alone.
-inline std::vector<Line> linesInPlay(const ProgramState& state) {
+/// The lines that a puzzle may be solved through, by its options alone, each with its cells in order.
+inline std::set<Line> linesInPlay(const ProgramState& state) {
     const int n = state.squareSize;
-    std::vector<Line> lines;
+    std::set<Line> lines;
+    const auto addWhole = [&](Cell from, int rowStep, int columnStep) {
+        Line offsets;
+        for (int i = 0; i < n; ++i)
+            offsets.emplace_back(i * rowStep, i * columnStep);
+        lines.insert(lineAt(n, from, offsets));
+    };
     for (int i = 1; i <= n; ++i) {
         if (state.mainDiagonalsAndLines) {
-            lines.push_back(straightLine(n, {1, i}, 1, 0));
-            lines.push_back(straightLine(n, {i, 1}, 0, 1));
+            addWhole({1, i}, 1, 0);
+            addWhole({i, 1}, 0, 1);
         }
         if (state.allDiagonals || (state.mainDiagonalsAndLines && i == 1))
-            lines.push_back(straightLine(n, {1, i}, 1, 1));
+            addWhole({1, i}, 1, 1);
         if (state.allDiagonals || (state.mainDiagonalsAndLines && i == n))
-            lines.push_back(straightLine(n, {1, i}, 1, -1));
+            addWhole({1, i}, 1, -1);
     }
-    const struct {
-        int mode, distance;
-        bool diagonal;
-    } shapes[] = {{state.crossDiagonalMode, 1, true},
-                  {state.scatteredCrossDiagonalMode, 2, true},
-                  {state.crossLineMode, 1, false},
-                  {state.scatteredCrossLineMode, 2, false}};
-    for (const auto& [mode, d, diagonal] : shapes)
-        for (int row = 1; mode != 0 && row <= n; ++row)
-            for (int column = 1; column <= n; ++column) {
-                const bool inside = std::min(row, column) > d && std::max(row, column) <= n - d;
-                if (mode == 1 && !inside)
-                    continue;
-                Line shape{{row, column}};
-                const auto arms = diagonal ? Line{{d, d}, {d, -d}, {-d, d}, {-d, -d}}
-                                           : Line{{d, 0}, {-d, 0}, {0, d}, {0, -d}};
-                for (const Cell& arm : arms)
-                    shape.emplace_back(onto(row + arm.first, n), onto(column + arm.second, n));
-                lines.push_back(shape);
-            }
+    const std::pair<int, Line> properties[] = {
+        {state.crossDiagonalMode, {{0, 0}, {1, 1}, {1, -1}, {-1, 1}, {-1, -1}}},
+        {state.scatteredCrossDiagonalMode, {{0, 0}, {2, 2}, {2, -2}, {-2, 2}, {-2, -2}}},
+        {state.crossLineMode, {{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}}},
+        {state.scatteredCrossLineMode, {{0, 0}, {2, 0}, {-2, 0}, {0, 2}, {0, -2}}},
+    };
+    for (const auto& [mode, shape] : properties) {
+        const int margin = mode == PropertyMode::all ? 0 : shape[1].first;
+        for (int row = 1 + margin; mode != PropertyMode::none && row <= n - margin; ++row)
+            for (int column = 1 + margin; column <= n - margin; ++column)
+                lines.insert(lineAt(n, {row, column}, shape));
+    }
     return lines;
 }
 
@@ -87,30 +111,28 @@ inline std::set<Cell> blanksOf(const ProgramState& state) {
     return blanks;
 }
 
-/// Solves the puzzle the way a person does: again and again a line with one blank gives that blank. Uses only
-/// the numbers shown, the Magic Total and the lines in play. Returns the numbers found, in fewer cells than
-/// there are blanks where it gets stuck.
-inline std::map<Cell, double> solve(const ProgramState& state, double total) {
-    std::set<Cell> open = blanksOf(state);
-    std::map<Cell, double> found;
-    const std::vector<Line> lines = linesInPlay(state);
+/// Solves the puzzle the way a person does, as far as that goes: again and again a line with one blank gives
+/// that blank. Uses only the numbers shown, the Magic Total and the lines in play.
+inline void solve(Grid& puzzle, const std::set<Line>& lines, double total) {
     for (bool progress = true; progress;) {
         progress = false;
         for (const Line& line : lines) {
-            const auto isOpen = [&](Cell cell) { return open.count(cell) != 0; };
-            if (std::count_if(line.begin(), line.end(), isOpen) != 1)
-                continue;
+            double* blank = nullptr;
+            int blanks = 0;
             double rest = total;
-            for (const Cell& cell : line)
-                if (!isOpen(cell))
-                    rest -= found.count(cell) ? found[cell] : at(state.puzzle, cell);
-            const Cell blank = *std::find_if(line.begin(), line.end(), isOpen);
-            found[blank] = rest;
-            open.erase(blank);
+            for (const auto& [row, column] : line) {
+                double& value = puzzle[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+                if (value < 1e200)
+                    rest -= value;
+                else if (++blanks == 1)
+                    blank = &value;
+            }
+            if (blanks != 1)
+                continue;
+            *blank = rest;
             progress = true;
         }
     }
-    return found;
 }
 
 } // namespace quarvelle::testing

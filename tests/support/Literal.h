@@ -4,15 +4,15 @@
 #include <array>
 #include <vector>
 
+#include "engine/Cells.h"
 #include "engine/EventQueue.h"
 #include "engine/LineKinds.h"
 #include "engine/Random.h"
-#include "engine/Stepping.h"
 
 namespace quarvelle::testing {
 
-/// The engine with no regard to time: every line is walked cell by cell, every check clears and searches its
-/// queue. Says what a square and its blanks must be for given draws, and when the draws and turns come.
+/// The engine with no regard to time: every line is walked cell by cell, every check searches all that it
+/// found. Says what a square and its blanks must be for given draws, and when the draws and turns come.
 class Literal {
 public:
     Literal(ProgramState& state, RandomSource& random, EventQueue& events)
@@ -20,62 +20,39 @@ public:
 
     void buildCompleteSquare() {
         const int n = s.squareSize;
-        for (int row = 1; row <= n; ++row)
-            std::fill_n(s.square[at(row)].begin() + 1, n, emptyMarker);
+        const Step steps[] = {{}, {1, 2}, {-1, 2}, {2, 1}, {-2, 1}};
         s.placedRow.fill(0);
         s.placedColumn.fill(0);
         s.placedValue.fill(0);
-        drawCell();
-        toAnchor();
-        recordAxisCell(1, 1);
-        if (!layAxes() || !fillBlocks())
-            return;
-        for (int column = 1; column <= n; ++column)
-            for (int row = 1; row <= n; ++row) {
-                double& cell = cellAt(s.square, row, column);
-                cell = cellAt(s.puzzle, row, column) = s.startNumber + s.distance * (cell - 1);
+        drawCandidate();
+        int direction = 0;
+        for (const int first : {1, n + 1}) {
+            for (const int taken = direction; direction == taken;)
+                direction = drawDirection();
+            Cell cell = m_candidate;
+            record(first, cell, 1);
+            for (int entry = first + 1; entry < first + n;) {
+                if (stopped())
+                    return;
+                const int number = 2 + m_random.below(n - 1);
+                const double value = first == 1 ? number : (number - 1) * n + 1;
+                if (std::count(s.placedValue.begin() + first, s.placedValue.begin() + entry, value) != 0)
+                    continue;
+                cell = moved(cell, steps[direction]);
+                record(entry++, cell, value);
             }
-    }
-
-    void makeblanks() {
-        const int candidateRow = s.anchorRow, candidateCol = s.anchorCol;
-        s.blankAccepted = 0;
-        toAnchor();
-        const auto room = at(s.squareSize * s.squareSize + 2);
-        m_queueRow.assign(room, -1);
-        m_queueCol.assign(room, -1);
-        m_queueKind.assign(room, -1);
-        for (int length = 0, head = 0;;) {
-            const bool onLine = step();
-            if (!onLine) {
-                const auto next = at(++head);
-                if (m_queueKind[next] < 0) {
-                    s.blankAccepted = 1;
-                    break;
-                }
-                s.anchorRow = m_queueRow[next];
-                s.anchorCol = m_queueCol[next];
-                s.lineKind = m_queueKind[next];
-                toAnchor();
-            }
-            if (s.curRow == candidateRow && s.curCol == candidateCol)
-                break;
-            const double value = cellAt(s.puzzle, s.curRow, s.curCol);
-            if (!onLine || value < emptyMarker)
-                continue;
-            std::size_t entry = 1;
-            while (m_queueKind[entry] >= 0 &&
-                   (m_queueRow[entry] != s.curRow || m_queueCol[entry] != s.curCol))
-                ++entry;
-            if (m_queueKind[entry] >= 0)
-                continue;
-            entry = at(++length);
-            m_queueRow[entry] = s.curRow;
-            m_queueCol[entry] = s.curCol;
-            m_queueKind[entry] = markerKind(value);
         }
-        s.anchorRow = candidateRow;
-        s.anchorCol = candidateCol;
+        for (int turn = n; turn < n * n; ++turn)
+            if (stopped())
+                return;
+        for (std::size_t a = 1; a <= at(n); ++a)
+            for (std::size_t b = at(n) + 1; b <= 2 * at(n); ++b) {
+                const int row = wrapped(s.placedRow[a] + s.placedRow[b] - m_candidate.row, n);
+                const int column = wrapped(s.placedColumn[a] + s.placedColumn[b] - m_candidate.column, n);
+                const double value = s.placedValue[a] + s.placedValue[b] - 1;
+                cellAt(s.square, row, column) = s.startNumber + s.distance * (value - 1);
+            }
+        s.puzzle = s.square;
     }
 
     void selectBlanks() {
@@ -94,13 +71,15 @@ public:
     }
 
 private:
+    using Cell = quarvelle::Cell;
     using Flags = std::array<int, lineKindCount + 1>;
 
     static std::size_t at(int index) { return static_cast<std::size_t>(index); }
-
     static bool all(const Flags& flags, int value) {
         return std::count(flags.begin() + 1, flags.end(), value) == lineKindCount;
     }
+    double valueAt(Cell cell) const { return cellAt(s.puzzle, cell.row, cell.column); }
+    double& candidateCell() { return cellAt(s.puzzle, m_candidate.row, m_candidate.column); }
 
     bool stopped() {
         m_events.yield();
@@ -112,285 +91,185 @@ private:
         return s.squareSize > 5 ? 1 + m_random.below(4) : direction;
     }
 
-    void recordAxisCell(int k, double value) {
-        s.placedRow[at(k)] = s.curRow;
-        s.placedColumn[at(k)] = s.curCol;
-        s.placedValue[at(k)] = value;
-        cellAt(s.square, s.curRow, s.curCol) = value;
+    void drawCandidate() {
+        m_candidate.row = 1 + m_random.below(s.squareSize);
+        m_candidate.column = 1 + m_random.below(s.squareSize);
     }
 
-    bool layAxes() {
-        const int n = s.squareSize;
-        const Step steps[] = {{}, {1, 2}, {-1, 2}, {2, 1}, {-2, 1}};
-        int direction = drawDirection();
-        for (int k = 2; k <= 2 * n;) {
-            if (stopped())
-                return false;
-            const int m = 2 + m_random.below(n - 1);
-            const int first = k <= n ? 1 : n + 1;
-            const double value = k <= n ? m : (m - 1) * n + 1;
-            const auto axis = s.placedValue.begin() + first;
-            if (std::count(axis, axis + n, value) != 0)
-                continue;
-            s.curRow = wrapped(s.curRow + steps[direction].row, n);
-            s.curCol = wrapped(s.curCol + steps[direction].column, n);
-            recordAxisCell(k, value);
-            if (++k != n + 1)
-                continue;
-            toAnchor();
-            recordAxisCell(n + 1, 1);
-            for (const int taken = direction; direction == taken;)
-                direction = drawDirection();
-            k = n + 2;
-        }
-        return true;
+    void record(int entry, Cell cell, double value) {
+        s.placedRow[at(entry)] = cell.row;
+        s.placedColumn[at(entry)] = cell.column;
+        s.placedValue[at(entry)] = value;
     }
 
-    bool fillBlocks() {
-        const int n = s.squareSize;
-        for (int k = n + 1, j = 1; k <= n * n; ++k) {
-            if (stopped())
-                return false;
-            if ((k - 1) % n != 0) {
-                const double previous = cellAt(s.square, s.curRow, s.curCol);
-                s.curRow = wrapped(s.curRow + s.placedRow[at(j)] - s.placedRow[at(j - 1)], n);
-                s.curCol = wrapped(s.curCol + s.placedColumn[at(j)] - s.placedColumn[at(j - 1)], n);
-                cellAt(s.square, s.curRow, s.curCol) =
-                    previous + s.placedValue[at(j)] - s.placedValue[at(j - 1)];
-                ++j;
-            } else {
-                int i = n + 2;
-                while (s.placedValue[at(i)] != k)
-                    ++i;
-                s.curRow = s.placedRow[at(i)];
-                s.curCol = s.placedColumn[at(i)];
-                j = 2;
-            }
-            s.anchorRow = s.curRow;
-            s.anchorCol = s.curCol;
-        }
-        return true;
+    Cell moved(Cell cell, Step step) const {
+        return {wrapped(cell.row + step.row, s.squareSize), wrapped(cell.column + step.column, s.squareSize)};
     }
 
-    void drawCell() {
-        s.anchorRow = 1 + m_random.below(s.squareSize);
-        s.anchorCol = 1 + m_random.below(s.squareSize);
+    /// The cells of the line of `kind` through a cell, that cell first.
+    std::vector<Cell> line(int kind, Cell from) const {
+        std::vector<Cell> cells{from};
+        if (kind > 4)
+            for (const Step offset : shapeOffsets(kind))
+                cells.push_back(moved(from, offset));
+        while (cells.size() < at(kind > 4 ? 5 : s.squareSize))
+            cells.push_back(moved(cells.back(), wholeLineStep(kind)));
+        return cells;
     }
 
-    void toAnchor() {
-        s.curRow = s.anchorRow;
-        s.curCol = s.anchorCol;
-        s.stepIndex = 0;
+    bool liesOnRootLine() const {
+        const auto root = line(s.probeKind, {s.probeAnchorRow, s.probeAnchorCol});
+        return std::find(root.begin(), root.end(), m_candidate) != root.end();
     }
 
-    /// One step along the line of `lineKind`; false when it leads back to the anchor.
-    bool step() {
-        findline2(s);
-        ++s.stepIndex;
-        s.curRow = wrapped(s.curRow, s.squareSize);
-        s.curCol = wrapped(s.curCol, s.squareSize);
-        return s.curRow != s.anchorRow || s.curCol != s.anchorCol;
-    }
-
-    /// Walks the line of `kind` through the anchor, counts its blanks in `blanksOnShape` and stops at a
-    /// marker of that kind. Returns whether there is one.
-    bool lineHolds(int kind) {
-        s.lineKind = kind;
-        s.blanksOnShape = 0;
-        toAnchor();
-        do {
-            const double value = cellAt(s.puzzle, s.curRow, s.curCol);
-            if (value == blankMarker(kind))
-                return true;
-            if (value >= emptyMarker)
-                ++s.blanksOnShape;
-        } while (step());
-        return false;
-    }
-
-    bool onMain(int kind) const {
-        return kind == 3 ? s.anchorRow + s.anchorCol == s.squareSize + 1 : s.anchorRow == s.anchorCol;
-    }
-
-    bool diagonalsTakePart() const {
-        return s.allDiagonals != 0 || (s.mainDiagonalsAndLines == 1 && (onMain(3) || onMain(4)));
-    }
-
-    bool fits(int kind, int mode) {
-        s.lineKind = kind;
-        for (s.stepIndex = 0; mode != PropertyMode::all && s.stepIndex < 4; ++s.stepIndex) {
-            findline2(s);
-            if (std::min(s.curRow, s.curCol) < 1 || std::max(s.curRow, s.curCol) > s.squareSize)
-                return false;
-        }
-        return true;
-    }
-
-    /// A line that doesn't take part counts as turned down.
-    void rateLine(int kind, bool takesPart = true) {
-        if (takesPart && !lineHolds(kind)) {
-            s.lineUsable[at(kind)] = 1;
-            if (s.blanksOnShape >= s.bestBlankCount)
-                s.lineBlankCount[at(kind)] = s.bestBlankCount = s.blanksOnShape;
-        } else {
-            s.lineRejected[at(kind)] = 1;
-        }
-        s.blanksOnShape = 0;
-    }
-
-    void rate() {
-        if (s.mainDiagonalsAndLines == 1) {
-            rateLine(1);
-            rateLine(2);
-        }
-        if (diagonalsTakePart()) {
-            rateLine(3, s.allDiagonals != 0 || onMain(3));
-            if (s.allDiagonals != 0 || onMain(4))
-                rateLine(4);
-        }
-        const auto modes = propertyModes();
-        for (int kind = 5; kind <= 24; ++kind)
-            if (const int mode = modes[at((kind - 5) / 5)]; mode != PropertyMode::none)
-                rateLine(kind, fits(kind, mode));
-    }
-
-    /// Those of the kinds 5 to 9, 10 to 14, 15 to 19 and 20 to 24.
+    /// Of the kinds 5 to 9, 10 to 14, 15 to 19 and 20 to 24.
     std::array<int, 4> propertyModes() const {
         return {s.crossDiagonalMode, s.scatteredCrossDiagonalMode, s.crossLineMode, s.scatteredCrossLineMode};
     }
 
+    int modeOf(int kind) const { return kind < 5 ? PropertyMode::none : propertyModes()[at(kind - 5) / 5]; }
+
+    bool takesPart(int kind) const {
+        if (kind <= 2)
+            return s.mainDiagonalsAndLines == 1;
+        const auto [row, column] = m_candidate;
+        const int n = s.squareSize;
+        if (kind <= 4)
+            return s.allDiagonals != 0 ||
+                   (s.mainDiagonalsAndLines == 1 && (kind == 3 ? row + column == n + 1 : row == column));
+        const auto fits = [&, row = row, column = column](Step offset) {
+            return std::min(row + offset.row, column + offset.column) >= 1 &&
+                   std::max(row + offset.row, column + offset.column) <= n;
+        };
+        const auto& offsets = shapeOffsets(kind);
+        return modeOf(kind) == PropertyMode::all ||
+               (modeOf(kind) == PropertyMode::onlyMain && std::all_of(offsets.begin(), offsets.end(), fits));
+    }
+
+    /// How many blanks the line holds; -1 when one of them is found through a line of this kind.
+    int blanksOn(int kind) {
+        int blanks = 0;
+        for (const Cell cell : line(kind, m_candidate)) {
+            if (valueAt(cell) == blankMarker(kind))
+                return -1;
+            blanks += isBlank(valueAt(cell));
+        }
+        return blanks;
+    }
+
+    /// A line that does not take part counts as turned down where others of its sort do, kind 4 excepted.
+    void rate(int kind) {
+        const int blanks = takesPart(kind) ? blanksOn(kind) : -1;
+        if (blanks >= 0) {
+            s.lineUsable[at(kind)] = 1;
+            if (blanks >= s.bestBlankCount)
+                s.lineBlankCount[at(kind)] = s.bestBlankCount = blanks;
+        } else if (takesPart(kind) || (kind == 3 && takesPart(4)) || modeOf(kind) != PropertyMode::none) {
+            s.lineRejected[at(kind)] = 1;
+        }
+    }
+
     int chooseKind() {
         for (;;) {
-            int d = 1 + m_random.below(4);
+            int drawn = 1 + m_random.below(4);
             int range = 4;
             for (const int mode : propertyModes()) {
                 range += 2;
                 if (mode != PropertyMode::none)
-                    d = 1 + m_random.below(range);
+                    drawn = 1 + m_random.below(range);
             }
-            int kind = d;
-            if (d > 4)
-                kind = 5 * ((d - 3) / 2) + m_random.below(5);
+            const int kind = drawn <= 4 ? drawn : (drawn - 3) / 2 * 5 + m_random.below(5);
             if (s.lineUsable[at(kind)] == 1 &&
                 (s.difficulty < 3 || s.lineBlankCount[at(kind)] == s.bestBlankCount))
                 return kind;
         }
     }
 
-    bool liesOnRootLine() {
-        s.probeRow = s.probeAnchorRow;
-        s.probeCol = s.probeAnchorCol;
-        s.stepIndex = 0;
-        do {
-            if (s.probeRow == s.anchorRow && s.probeCol == s.anchorCol)
-                return true;
-            if (s.probeKind <= 4) {
-                s.probeRow += wholeLineStep(s.probeKind).row;
-                s.probeCol += wholeLineStep(s.probeKind).column;
-            }
-            findline1(s);
-            ++s.stepIndex;
-            s.probeRow = wrapped(s.probeRow, s.squareSize);
-            s.probeCol = wrapped(s.probeCol, s.squareSize);
-        } while (s.probeRow != s.probeAnchorRow || s.probeCol != s.probeAnchorCol);
-        return false;
-    }
-
     /// One random attempt; whether something was placed.
     bool attempt() {
         if (all(s.lineRejected, 1))
             s.lineRejected.fill(0);
-        drawCell();
+        drawCandidate();
         s.stopRequested = Request::playing;
         s.lineUsable.fill(0);
         s.lineBlankCount.fill(0);
-        s.blanksOnShape = s.bestBlankCount = 0;
-        if (cellAt(s.puzzle, s.anchorRow, s.anchorCol) >= emptyMarker)
+        s.bestBlankCount = 0;
+        if (isBlank(candidateCell()))
             return false;
-        rate();
+        for (int kind = 1; kind <= lineKindCount; ++kind)
+            rate(kind);
         if (all(s.lineUsable, 0) || all(s.lineRejected, 1))
             return false;
         const int kind = chooseKind();
-        if (s.placeIndex != 0) {
-            s.lineKind = kind;
-            s.blankAccepted = 0;
-            if (!liesOnRootLine())
-                makeblanks();
-            if (s.blankAccepted != 1) {
-                s.lineRejected[at(kind)] = 1;
-                return false;
-            }
-            cellAt(s.puzzle, s.anchorRow, s.anchorCol) = blankMarker(kind);
-        } else {
+        if (s.placeIndex == 0) {
             s.probeKind = kind;
-            s.probeAnchorRow = s.anchorRow;
-            s.probeAnchorCol = s.anchorCol;
+            s.probeAnchorRow = m_candidate.row;
+            s.probeAnchorCol = m_candidate.column;
+        } else if (!liesOnRootLine() && accepts(kind)) {
+            candidateCell() = blankMarker(kind);
+        } else {
+            s.lineRejected[at(kind)] = 1;
+            return false;
         }
         s.lineRejected.fill(0);
         return true;
     }
 
-    bool placeThrough(int kind) {
-        if (lineHolds(kind))
-            return false;
-        s.lineKind = kind;
-        makeblanks();
-        if (s.blankAccepted == 1)
-            cellAt(s.puzzle, s.anchorRow, s.anchorCol) = blankMarker(kind);
-        return s.blankAccepted == 1;
-    }
-
-    /// Through the first of the five kinds that can be.
-    void placeThroughShape(int firstKind, int mode) {
-        for (int kind = firstKind; kind < firstKind + 5; ++kind)
-            if (fits(kind, mode) && placeThrough(kind)) {
-                s.blankPlaced = 1;
-                return;
+    /// Whether the candidate may become a blank that is found through `kind`: no blank that it needs needs
+    /// it.
+    bool accepts(int kind) const {
+        std::vector<Cell> needed{m_candidate};
+        for (std::size_t i = 0; i < needed.size(); ++i)
+            for (const Cell cell : line(i == 0 ? kind : markerKind(valueAt(needed[i])), needed[i])) {
+                if (i != 0 && cell == m_candidate)
+                    return false;
+                if (isBlank(valueAt(cell)) && std::find(needed.begin(), needed.end(), cell) == needed.end())
+                    needed.push_back(cell);
             }
+        return true;
     }
 
-    /// What a systematic scan tries at the anchor; whether something was placed.
+    bool placeThrough(int kind) {
+        const bool places = takesPart(kind) && blanksOn(kind) >= 0 && accepts(kind);
+        if (places)
+            candidateCell() = blankMarker(kind);
+        return places;
+    }
+
+    /// What a systematic scan tries at the candidate; whether something was placed.
     bool placeAnywhere() {
-        if (liesOnRootLine() || cellAt(s.puzzle, s.anchorRow, s.anchorCol) >= emptyMarker)
+        if (liesOnRootLine() || isBlank(candidateCell()))
             return false;
-        if (s.mainDiagonalsAndLines == 1 && (placeThrough(1) || placeThrough(2)))
-            return true;
-        if (!diagonalsTakePart())
-            return false;
-        for (const int kind : {3, 4})
-            if ((s.allDiagonals != 0 || onMain(kind)) && placeThrough(kind))
+        for (const int kind : {1, 2, 3, 4})
+            if (placeThrough(kind))
                 return true;
-        s.blankPlaced = 0;
-        int firstKind = 0;
-        for (const int mode : propertyModes()) {
-            firstKind += 5;
-            if (mode != PropertyMode::none)
-                placeThroughShape(firstKind, mode);
-        }
-        return s.blankPlaced == 1;
+        if (!takesPart(3) && !takesPart(4))
+            return false;
+        // Every property has its turn, and the last to place has the cell.
+        for (int firstKind = 5; firstKind <= lineKindCount; firstKind += 5)
+            for (int kind = firstKind; kind < firstKind + 5 && !placeThrough(kind);)
+                ++kind;
+        return isBlank(candidateCell());
     }
 
     bool scan() {
         s.attemptCount = 0;
-        drawCell();
-        const int startRow = s.anchorRow, startCol = s.anchorCol;
+        drawCandidate();
+        const Cell start = m_candidate;
+        if (s.placeIndex == 0)
+            return false;
         do {
-            if (s.placeIndex == 0)
-                return false;
             if (placeAnywhere())
                 return true;
-            if (++s.anchorRow > s.squareSize) {
-                s.anchorRow = 1;
-                s.anchorCol = wrapped(s.anchorCol + 1, s.squareSize);
-            }
-        } while (s.anchorRow != startRow || s.anchorCol != startCol);
+            m_candidate = moved(m_candidate, {1, m_candidate.row / s.squareSize});
+        } while (m_candidate != start);
         return false;
     }
 
     ProgramState& s;
     RandomSource& m_random;
     EventQueue& m_events;
-    std::vector<int> m_queueRow, m_queueCol, m_queueKind; ///< from 1; kind -1 ends the queue
+    Cell m_candidate; ///< or the cell of the first number
 };
 
 } // namespace quarvelle::testing
