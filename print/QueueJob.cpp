@@ -2,7 +2,7 @@
 
 #include <QDir>
 #include <QPrinterInfo>
-#include <QStorageInfo>
+#include <filesystem>
 
 #include "print/QueueReply.h"
 #include "print/SheetPainter.h"
@@ -13,10 +13,13 @@ namespace {
 
 /// The job gathers in the folder for temporary files, where the toolkit doesn't notice a full disk. This many
 /// bytes, far more than a sheet and the end of a document take, are left there.
-constexpr qint64 roomKept = qint64{4} << 20;
+constexpr std::uintmax_t roomKept = std::uintmax_t{4} << 20;
 
+/// Where the room can't be told, there may well be enough.
 bool hasRoom() {
-    return QStorageInfo(QDir::tempPath()).bytesAvailable() >= roomKept;
+    std::error_code error;
+    const auto space = std::filesystem::space(QDir::tempPath().toStdString(), error);
+    return error || space.available >= roomKept;
 }
 
 } // namespace
