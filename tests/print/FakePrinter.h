@@ -13,57 +13,41 @@ class FakePrinter final : public Printer {
 public:
     struct Printed {
         Drawing drawing;
-        QRect frame;
-        QRect content;
-        QString caption;
+        QRect frame, content;
+        std::string caption;
     };
 
-    bool cancels = false;
-    std::function<void()> whileChoosing = [] {};
-    bool beginFails = false;
-    std::size_t failingSheet = 0; ///< from 1; 0 for none
-    bool finishFails = false;
+    std::function<bool()> dialog = [] { return true; }; ///< whether the person prints
+    int failingStep = 0; ///< of the job's beginning, its sheets and its end, from 1; 0 for none
 
-    int asked = 0;
-    QString documentName;
+    // Of the last document:
+    QString document;
     std::vector<Printed> sheets;
-    int finished = 0;
+    int steps = 0;
     std::vector<QString> told;
 
     std::unique_ptr<PrintJob> choose(const QString& name) override {
-        ++asked;
-        documentName = name;
-        whileChoosing();
-        return cancels ? nullptr : std::make_unique<Job>(*this);
+        document = name;
+        sheets.clear();
+        told.clear();
+        steps = 0;
+        return dialog() ? std::make_unique<Job>(*this) : nullptr;
     }
     void tellFailure(const QString& reason) override { told.push_back(reason); }
 
-    std::vector<std::string> captions() const {
-        std::vector<std::string> texts;
-        for (const Printed& sheet : sheets)
-            texts.push_back(sheet.caption.toStdString());
-        return texts;
-    }
-
 private:
-    class Job final : public PrintJob {
-    public:
-        explicit Job(FakePrinter& printer) : m_printer(printer) {}
+    struct Job final : PrintJob {
+        explicit Job(FakePrinter& owner) : printer(owner) {}
 
-        QString begin() override { return m_printer.beginFails ? "no beginning" : QString(); }
-        QString print(const Sheet& sheet) override {
-            if (m_printer.failingSheet == m_printer.sheets.size() + 1)
-                return "paper jam";
-            m_printer.sheets.push_back({sheet.drawing, sheet.frame, sheet.content, sheet.caption});
-            return {};
+        QString begin() override { return step(); }
+        QString print(const Sheet& it) override {
+            printer.sheets.push_back({it.drawing, it.frame, it.content, it.caption.toStdString()});
+            return step();
         }
-        QString finish() override {
-            ++m_printer.finished;
-            return m_printer.finishFails ? "no end" : QString();
-        }
+        QString finish() override { return step(); }
+        QString step() const { return ++printer.steps == printer.failingStep ? "paper jam" : ""; }
 
-    private:
-        FakePrinter& m_printer;
+        FakePrinter& printer;
     };
 };
 

@@ -1,96 +1,97 @@
-#include <gtest/gtest.h>
-
-#include <QImage>
+#include <QBitmap>
+#include <QDir>
 #include <QPainter>
+#include <QTemporaryDir>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
 
-#include "print/Printer.h"
+#include "print/PdfFileJob.h"
 #include "print/SheetPainter.h"
 #include "ui/Drawing.h"
 
-namespace quarvelle::testing {
+namespace quarvelle {
 namespace {
 
-constexpr int dotsPerInch = 144;
-
-/// The pixels of a colour's bounding rectangle.
-QRect boundsOf(const QImage& paper, QRgb color) {
-    QRect bounds;
-    for (int y = 0; y < paper.height(); ++y)
-        for (int x = 0; x < paper.width(); ++x)
-            if (paper.pixel(x, y) == color)
-                bounds |= QRect(x, y, 1, 1);
-    return bounds;
+QRect boundsOf(const QImage& paper, const QColor& color) {
+    return QRegion(QBitmap::fromImage(paper.createMaskFromColor(color.rgb(), Qt::MaskOutColor)))
+        .boundingRect();
 }
 
-struct PaperCase {
-    const char* name;
-    double width, height; ///< printable, in inches
-};
+TEST(Paper, HoldsTheFrameUndistortedCentredAndAsLargeAsItFits) {
+    constexpr int dotsPerInch = 144;
+    // A4, Letter and A6 inside their margins.
+    for (const QSizeF& size : {QSizeF(10.9, 7.48), {7.48, 10.9}, {10.2, 7.7}, {7.7, 10.2}, {3.3, 5}}) {
+        SCOPED_TRACE(size.width());
+        QImage paper((size * dotsPerInch).toSize(), QImage::Format_RGB32);
+        paper.setDotsPerMeterY(static_cast<int>(dotsPerInch / 0.0254));
+        paper.fill(Qt::white);
+        const QRect frame(8, 8, 780, 523);
+        Drawing drawing;
+        drawing.fillRectangle(frame.left(), frame.top(), frame.right(), frame.bottom(), Qt::yellow);
+        QPainter painter(&paper);
+        paintSheet(painter, Sheet{drawing, frame, frame, "Puzzles, sheet 1"});
+        painter.end();
 
-void PrintTo(const PaperCase& paper, std::ostream* stream) {
-    *stream << paper.name;
+        const QRect drawn = boundsOf(paper, Qt::yellow);
+        const int room = paper.height() - dotsPerInch / 4;
+        EXPECT_NEAR(drawn.width() / 780.0, drawn.height() / 523.0, 0.01);
+        EXPECT_NEAR(drawn.left(), paper.width() - 1 - drawn.right(), 2);
+        EXPECT_TRUE(drawn.width() > paper.width() - 4 || drawn.height() > room - 4);
+        EXPECT_LE(drawn.bottom(), room);
+        const QRect caption = boundsOf(paper.copy(0, room, paper.width(), paper.height() - room), Qt::black);
+        EXPECT_GT(caption.top() + room, drawn.bottom() + dotsPerInch / 24);
+        EXPECT_LT(caption.bottom() + room, paper.height() - 1);
+        EXPECT_NEAR(caption.height(), 0.1 * dotsPerInch, 0.03 * dotsPerInch);
+    }
 }
 
-class Paper : public ::testing::TestWithParam<PaperCase> {};
-
-TEST_P(Paper, HoldsTheFrameUndistortedCentredAndAsLargeAsItFits) {
-    QImage paper(static_cast<int>(GetParam().width * dotsPerInch),
-                 static_cast<int>(GetParam().height * dotsPerInch), QImage::Format_RGB32);
-    paper.setDotsPerMeterX(static_cast<int>(dotsPerInch / 0.0254));
-    paper.setDotsPerMeterY(static_cast<int>(dotsPerInch / 0.0254));
-    paper.fill(Qt::white);
-    const QRect frame(8, 8, 780, 523);
-    Drawing drawing;
-    drawing.fillRectangle(frame.left(), frame.top(), frame.right(), frame.bottom(), Qt::blue);
-    QPainter painter(&paper);
-    paintSheet(painter, Sheet{drawing, frame, frame, "Puzzles, sheet 1"});
-    painter.end();
-
-    const QRect drawn = boundsOf(paper, qRgb(0, 0, 255));
-    const QRect caption = boundsOf(paper, qRgb(0, 0, 0));
-    const double across = drawn.width() / 780.0;
-    const double down = drawn.height() / 523.0;
-    EXPECT_NEAR(across, down, 0.01);
-    EXPECT_NEAR(drawn.left(), paper.width() - 1 - drawn.right(), 2);
-    const int room = paper.height() - dotsPerInch / 4;
-    EXPECT_TRUE(drawn.width() > paper.width() - 4 || drawn.height() > room - 4);
-    EXPECT_LE(drawn.bottom(), room);
-    EXPECT_GT(caption.top(), drawn.bottom() + dotsPerInch / 24);
-    EXPECT_LT(caption.bottom(), paper.height());
-    EXPECT_GT(caption.height(), 0.07 * dotsPerInch);
-    EXPECT_LT(caption.height(), 0.13 * dotsPerInch);
+/// Prints `sheets` sheets into a file; returns the first failure.
+QString print(const QString& path, int sheets) {
+    PdfFileJob job(path, QPageLayout(), "Squares");
+    QString failure = job.begin();
+    for (int sheet = 0; sheet < sheets && failure.isEmpty(); ++sheet) {
+        Drawing drawing;
+        for (int i = 0; i < 500; ++i)
+            drawing.drawText(i % 25 * 30, i / 25 * 18, QString::number(i * sheet), 30);
+        failure = job.print(Sheet{drawing, {8, 8, 745, 523}, {8, 8, 745, 523}, "Squares"});
+    }
+    return failure.isEmpty() ? job.finish() : failure;
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, Paper,
-                         ::testing::Values(PaperCase{"A4 landscape", 10.9, 7.48}, PaperCase{"A4", 7.48, 10.9},
-                                           PaperCase{"Letter landscape", 10.2, 7.7},
-                                           PaperCase{"Letter", 7.7, 10.2}, PaperCase{"A6", 3.3, 5}));
+QByteArray contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
 
-TEST(Drawing, CondensesAllItsDigitsAlikeSoThatEveryNumberFits) {
-    QImage paper(400, 80, QImage::Format_RGB32);
-    paper.fill(Qt::white);
-    Drawing drawing;
-    drawing.drawText(10, 10, "8", 21);
-    drawing.drawText(100, 10, "888888", 21);
-    QPainter painter(&paper);
-    painter.scale(2, 2);
-    drawing.replay(painter);
-    painter.end();
+/// No file of this process can grow beyond `bytes` from now on: the disk is full.
+void limitFiles(rlim_t bytes) {
+    const rlimit limit{bytes, RLIM_INFINITY};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+}
 
-    const auto inkBetween = [&](int left, int right) {
-        QRect ink;
-        for (int y = 0; y < paper.height(); ++y)
-            for (int x = left; x < right; ++x)
-                if (qGray(paper.pixel(x, y)) < 200)
-                    ink |= QRect(x, y, 1, 1);
-        return ink;
-    };
-    const QRect one = inkBetween(0, 150);
-    const QRect six = inkBetween(150, 400);
-    EXPECT_LE(six.right(), 2 * (100 + 21));
-    EXPECT_NEAR(six.width() / 6.0, one.width(), 2);
-    EXPECT_EQ(one.height(), six.height());
+TEST(PdfFile, IsWholeOrNotThere) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.pdf");
+    ASSERT_EQ(print(path, 4), "");
+    const QByteArray whole = contents(path);
+    EXPECT_TRUE(whole.startsWith("%PDF-") && whole.trimmed().endsWith("%%EOF"));
+    EXPECT_EQ(whole.count("/Type /Page\n"), 4);
+
+    const auto size = static_cast<rlim_t>(whole.size());
+    for (const rlim_t room : {rlim_t{0}, rlim_t{1000}, size / 2, size - 100, size - 1}) {
+        limitFiles(room);
+        const QString failure = print(path, 4);
+        limitFiles(RLIM_INFINITY);
+        EXPECT_TRUE(failure.contains(path) && failure.contains("File too large")) << room;
+        EXPECT_EQ(contents(path), whole) << "the earlier file";
+    }
+    EXPECT_TRUE(
+        print(folder.filePath("nowhere/b.pdf"), 1).contains("b.pdf could not be written: No such file"));
+    EXPECT_EQ(print(folder.filePath("none.pdf"), 0), "");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"a.pdf"});
 }
 
 } // namespace
-} // namespace quarvelle::testing
+} // namespace quarvelle
