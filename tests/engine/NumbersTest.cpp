@@ -10,10 +10,7 @@ namespace quarvelle {
 namespace {
 
 TEST(NumberText, FollowsTheRules) {
-    const struct {
-        double value;
-        const char* text;
-    } rows[] = {
+    const std::pair<double, const char*> rows[] = {
         // clang-format off
         {0, "0"}, {-0.0, "0"}, {0.5, "0.5"}, {-0.25, "-0.25"}, {12209, "12209"}, {0.1 + 0.2, "0.3"},
         {123456.789, "123456.789"}, {1e-16, "1E-16"}, {1.25e-14, "1.25E-14"}, {1.5e16, "1.5E+16"},
@@ -23,17 +20,14 @@ TEST(NumberText, FollowsTheRules) {
         {1.11036564183981E+305, "1.11036564183981E+305"}, {1e-320, "9.99988867182683E-321"},
         // clang-format on
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(numberText(row.value), row.text);
+    for (const auto& [value, text] : rows)
+        EXPECT_EQ(numberText(value), text);
     for (const double value : {std::numeric_limits<double>::infinity(), std::nan("")})
         EXPECT_GT(numberText(value).size(), 11U) << "must be too long for every readout";
 }
 
 TEST(LeadingNumber, ReadsWhatATextBeginsWith) {
-    const struct {
-        const char* text;
-        double value;
-    } rows[] = {
+    const std::pair<const char*, double> rows[] = {
         {"", 0},    {"abc", 0},      {"-", 0},           {".", 0},          {"-.", 0},      {"5", 5},
         {"007", 7}, {"  \t12", 12},  {"+3", 3},          {"-3", -3},        {"+-3", 0},     {"--3", 0},
         {"++1", 0}, {".5", 0.5},     {"5.", 5},          {"-.5x", -0.5},    {"1e3", 1000},  {"1E+3", 1000},
@@ -41,8 +35,8 @@ TEST(LeadingNumber, ReadsWhatATextBeginsWith) {
         {"nan", 0}, {"1E+999", 0},   {"-1E+999", 0},     {"1E+308", 1e308}, {"1.2.3", 1.2}, {"1,5", 1},
         {"1 2", 1}, {"\xD9\xA3", 0}, {"1E-320", 1e-320}, {"000000000", 0},  {"12ab", 12},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(leadingNumber(row.text), row.value) << '"' << row.text << '"';
+    for (const auto& [text, value] : rows)
+        EXPECT_EQ(leadingNumber(text), value) << '"' << text << '"';
 }
 
 TEST(Numbers, SurviveWritingAndReading) {

@@ -1,7 +1,4 @@
 #include <gtest/gtest.h>
-#include <memory>
-#include <tuple>
-#include <vector>
 
 #include "engine/Construction.h"
 #include "practice/BlankSelection.h"
@@ -9,102 +6,94 @@
 #include "tests/support/Literal.h"
 #include "tests/support/Scripted.h"
 
-namespace quarvelle {
+namespace quarvelle::testing {
 namespace {
-
-using testing::Literal;
-using testing::ScriptedEvents;
-using testing::ScriptedRandom;
 
 struct Settings {
     int order;
-    testing::Options options;
+    Options options;
     double blankCount = 1e9;
     int seed = 1;
     int stopAt = 0; ///< the turn at which a stop is asked for; 0 for none
 };
 
-std::ostream& operator<<(std::ostream& out, const Settings& s) {
-    return out << "order " << s.order << ", " << s.options << ", blanks " << s.blankCount << ", seed "
-               << s.seed << ", stop at " << s.stopAt;
-}
+class SelectionEquality : public ::testing::Test {
+protected:
+    std::vector<double> m_expected, m_actual;
 
-/// What a handler can see when it gets its turn.
-using Flags = std::array<int, lineKindCount + 1>;
-using Turn = std::tuple<std::array<int, 8>, Flags, Flags, Flags>;
+    /// Puts into `seen` all that a handler can see when it gets its turn, and in the end, of two squares in a
+    /// row, as a run of practice makes them: some results outlive a selection. Returns how many turns there
+    /// are.
+    static int watch(const Settings& settings, bool isLiteral, std::vector<double>& seen) {
+        const auto state = stateOf(settings.order, settings.options, settings.blankCount);
+        ProgramState& s = *state;
+        s.distance = 0.3;
+        ScriptedRandom random({}, static_cast<float>(settings.seed));
+        ScriptedEvents events;
+        seen.clear();
+        const auto add = [&](const auto& numbers) {
+            seen.insert(seen.end(), numbers.begin(), numbers.end());
+        };
+        const auto note = [&] {
+            add(std::array{random.draws(), s.placeIndex, s.attemptCount, s.bestBlankCount, s.stopRequested,
+                           s.probeKind, s.probeAnchorRow, s.probeAnchorCol});
+            add(s.lineUsable);
+            add(s.lineBlankCount);
+            add(s.lineRejected);
+        };
+        events.onYield = [&](int turn) {
+            note();
+            if (turn == settings.stopAt)
+                s.stopRequested = Request::stop;
+        };
+        for (int square = 0; square < 2 && s.stopRequested != Request::stop; ++square) {
+            Literal literal(s, random, events);
+            isLiteral ? literal.buildCompleteSquare() : buildCompleteSquare(s, random, events);
+            if (s.stopRequested != Request::stop)
+                isLiteral ? literal.selectBlanks() : selectBlanks(s, random, events);
+        }
+        note();
+        // A stopped construction leaves its square unfinished.
+        if (settings.stopAt == 0)
+            std::for_each(s.square.begin(), s.square.end(), add);
+        std::for_each(s.puzzle.begin(), s.puzzle.end(), add);
+        add(s.placedRow);
+        add(s.placedColumn);
+        add(s.placedValue);
+        return events.yields();
+    }
 
-struct Outcome {
-    std::unique_ptr<ProgramState> state;
-    std::vector<Turn> turns; ///< and the end
+    /// Returns how many turns there are.
+    int expectEqual(const Settings& settings) {
+        const int turns = watch(settings, true, m_expected);
+        watch(settings, false, m_actual);
+        EXPECT_TRUE(m_actual == m_expected)
+            << "order " << settings.order << ", " << settings.options << ", blanks " << settings.blankCount
+            << ", seed " << settings.seed << ", stop at " << settings.stopAt;
+        return turns;
+    }
+
+    /// `seeds` runs, every other one saturated, and each once more with a stop on its way.
+    void expectEqualFor(Settings settings, int seeds) {
+        for (int seed = 1; seed <= seeds && !HasFailure(); ++seed) {
+            settings.seed = seed;
+            settings.blankCount = seed % 2 == 1 ? 1e9 : 1 + seed / 2;
+            settings.stopAt = 0;
+            settings.stopAt = 1 + seed * 7919 % expectEqual(settings);
+            expectEqual(settings);
+        }
+    }
 };
 
-/// Two squares in a row, as a run of practice makes them: some results outlive a selection.
-Outcome outcomeOf(const Settings& settings, bool isLiteral) {
-    Outcome outcome;
-    outcome.state = testing::stateOf(settings.order, settings.options, settings.blankCount);
-    ProgramState& s = *outcome.state;
-    s.distance = 0.3;
-    ScriptedRandom random({}, static_cast<float>(settings.seed));
-    ScriptedEvents events;
-    const auto note = [&] {
-        outcome.turns.push_back({{random.draws(), s.placeIndex, s.attemptCount, s.bestBlankCount,
-                                  s.stopRequested, s.probeKind, s.probeAnchorRow, s.probeAnchorCol},
-                                 s.lineUsable,
-                                 s.lineBlankCount,
-                                 s.lineRejected});
-    };
-    events.onYield = [&](int turn) {
-        note();
-        if (turn == settings.stopAt)
-            s.stopRequested = Request::stop;
-    };
-    for (int square = 0; square < 2 && s.stopRequested != Request::stop; ++square) {
-        Literal literal(s, random, events);
-        isLiteral ? literal.buildCompleteSquare() : buildCompleteSquare(s, random, events);
-        if (s.stopRequested != Request::stop)
-            isLiteral ? literal.selectBlanks() : selectBlanks(s, random, events);
-    }
-    note();
-    return outcome;
-}
-
-/// Returns how many turns there are.
-int expectEqual(const Settings& settings) {
-    const auto [expected, expectedTurns] = outcomeOf(settings, true);
-    const auto [actual, turns] = outcomeOf(settings, false);
-    const auto differing =
-        std::mismatch(turns.begin(), turns.end(), expectedTurns.begin(), expectedTurns.end());
-    EXPECT_TRUE(turns == expectedTurns && actual->puzzle == expected->puzzle &&
-                (settings.stopAt != 0 || actual->square == expected->square) &&
-                actual->placedRow == expected->placedRow && actual->placedColumn == expected->placedColumn &&
-                actual->placedValue == expected->placedValue)
-        << settings << " equal for " << differing.first - turns.begin() << " of " << turns.size();
-    return static_cast<int>(turns.size()) - 1;
-}
-
-/// `seeds` runs, every other one saturated, and each once more with a stop on its way.
-void expectEqualFor(Settings settings, int seeds) {
-    for (int seed = 1; seed <= seeds && !::testing::Test::HasFailure(); ++seed) {
-        settings.seed = seed;
-        settings.blankCount = seed % 2 == 1 ? 1e9 : 1 + seed / 2;
-        settings.stopAt = 0;
-        settings.stopAt = 1 + seed * 7919 % expectEqual(settings);
-        expectEqual(settings);
-    }
-}
-
-TEST(SelectionEquality, OrderFiveWithEveryPropertyMode) {
-    for (const testing::Options& options : testing::everyChoice(true))
+TEST_F(SelectionEquality, OrderFiveWithEveryPropertyMode) {
+    for (const Options& options : everyChoice(true))
         expectEqualFor({5, options}, 4);
 }
 
-TEST(SelectionEquality, EveryLineOption) {
+TEST_F(SelectionEquality, EveryLineOption) {
     for (const auto& [order, seeds] : {std::pair{7, 200}, {11, 60}, {13, 40}, {29, 3}})
-        for (const testing::Options& options : testing::everyChoice(false))
+        for (const Options& options : everyChoice(false))
             expectEqualFor({order, options}, seeds);
-}
-
-TEST(SelectionEquality, LargestOrders) {
     for (const int difficulty : {Difficulty::easy, Difficulty::challenging}) {
         expectEqual({101, {1, 1, difficulty}, 150});
         expectEqual({103, {0, 1, difficulty}, 150, 2});
@@ -113,4 +102,4 @@ TEST(SelectionEquality, LargestOrders) {
 }
 
 } // namespace
-} // namespace quarvelle
+} // namespace quarvelle::testing
