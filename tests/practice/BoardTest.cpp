@@ -1,109 +1,75 @@
 #include "practice/Board.h"
 
-#include <QImage>
+#include <QBitmap>
 #include <QPainter>
-#include <gtest/gtest.h>
+#include <QRegion>
 
 #include "engine/LineKinds.h"
 #include "practice/RunSettings.h"
-#include "ui/DrawingSurface.h"
+#include "tests/support/WindowFixture.h"
 
-namespace quarvelle {
+namespace quarvelle::testing {
 namespace {
 
-template <class Item>
-std::vector<Item> itemsOf(const DrawingSurface& surface) {
-    std::vector<Item> items;
-    for (const DrawingItem& item : surface.drawing().items())
-        if (const Item* wanted = std::get_if<Item>(&item))
-            items.push_back(*wanted);
-    return items;
-}
-
-/// Order n, numbered along the first index, with a blank at (2, 1).
-std::unique_ptr<ProgramState> numbered(int n, double s, double d) {
-    auto state = std::make_unique<ProgramState>();
-    state->squareSize = static_cast<std::int16_t>(n);
-    state->startNumber = s;
-    state->distance = d;
-    for (int cell = 0; cell < n * n; ++cell)
-        cellAt(state->square, 1 + cell % n, 1 + cell / n) = s + d * cell;
-    state->puzzle = state->square;
-    cellAt(state->puzzle, 2, 1) = blankMarker(4);
-    measureBoard(*state);
-    return state;
-}
-
-TEST(Board, DrawsGridAndNumbers) {
-    const auto state = numbered(29, 1, 1);
-    DrawingSurface surface;
-    showsquare(*state, surface);
-    const auto rectangles = itemsOf<FilledRectangle>(surface);
-    ASSERT_EQ(rectangles.size(), 1U + 30 + 30);
-    EXPECT_EQ(rectangles.front(), (FilledRectangle{QRect(8, 8, 697, 523), Qt::white}));
-    EXPECT_EQ(rectangles[1], (FilledRectangle{QRect(8, 8, 1, 523), Qt::black}));
-    EXPECT_EQ(rectangles[2], (FilledRectangle{QRect(8, 8, 697, 1), Qt::black}));
-    EXPECT_EQ(rectangles[59], (FilledRectangle{QRect(704, 8, 1, 523), Qt::black}));
-    EXPECT_EQ(rectangles[60], (FilledRectangle{QRect(8, 530, 697, 1), Qt::black}));
-    const auto texts = itemsOf<TextAtPoint>(surface);
-    ASSERT_EQ(texts.size(), 840U);
-    EXPECT_EQ(texts[0], (TextAtPoint{QPoint(10, 11), "1", 21}));
-    EXPECT_EQ(texts[1], (TextAtPoint{QPoint(58, 11), "3", 21})) << "the blank is left out";
-    EXPECT_EQ(texts[28], (TextAtPoint{QPoint(10, 29), "30", 21})) << "the second index goes down";
-}
-
-TEST(Board, ShowsAnswersAndSigns) {
+TEST(Board, DrawsGridNumbersSignsAndAnswers) {
     const struct {
-        double s;
-        int showAnswers, highlight, mode;
-        int shaded;
-        QPoint first, last;
+        int n;
+        double start;
+        int showAnswers, highlight, mode, texts, shaded;
+        int secondX, lastX; ///< of the second number shown, and the last, which isn't negative
     } rows[] = {
-        {1, 1, 1, PuzzleMode::puzzles, 1, {10, 11}, {106, 83}},
-        {1, 1, 0, PuzzleMode::puzzles, 0, {10, 11}, {106, 83}},
-        {1, 1, 1, PuzzleMode::answers, 0, {10, 11}, {106, 83}},
-        {1, 0, 1, PuzzleMode::puzzles, 0, {10, 11}, {106, 83}},
-        {-3, 1, 1, PuzzleMode::both, 1, {10, 11}, {109, 83}},
-        {-24, 1, 1, PuzzleMode::both, 1, {10, 11}, {109, 83}},
+        {29, 1, 0, 1, PuzzleMode::puzzles, 840, 0, 58, 682},
+        {5, 1, 1, 1, PuzzleMode::puzzles, 25, 1, 34, 106},
+        {5, 1, 1, 0, PuzzleMode::puzzles, 25, 0, 34, 106},
+        {5, 1, 1, 1, PuzzleMode::answers, 25, 0, 34, 106},
+        {5, 1, 0, 1, PuzzleMode::both, 24, 0, 58, 106},
+        {5, -24, 1, 1, PuzzleMode::both, 25, 1, 37, 109},
     };
     for (const auto& row : rows) {
-        const auto state = numbered(5, row.s, 1);
-        state->showAnswers = row.showAnswers;
-        state->highlightAnswers = row.highlight;
-        state->puzzleMode = row.mode;
-        DrawingSurface surface;
-        showsquare(*state, surface);
-        const auto rectangles = itemsOf<FilledRectangle>(surface);
-        ASSERT_EQ(rectangles.size(), 13U + static_cast<unsigned>(row.shaded));
-        if (row.shaded == 1) {
-            EXPECT_EQ(rectangles.back(),
-                      (FilledRectangle{QRect(QPoint(33, 9), QPoint(55, 25)), QColor(192, 192, 192)}));
+        SCOPED_TRACE(&row - rows);
+        ProgramState state;
+        state.squareSize = static_cast<std::int16_t>(row.n);
+        state.startNumber = row.start;
+        state.showAnswers = row.showAnswers;
+        state.highlightAnswers = row.highlight;
+        state.puzzleMode = row.mode;
+        // Numbered along the first index, which goes to the right, with a blank at (2, 1).
+        for (int cell = 0; cell < row.n * row.n; ++cell)
+            cellAt(state.square, 1 + cell % row.n, 1 + cell / row.n) = row.start + cell;
+        state.puzzle = state.square;
+        state.puzzle[2][1] = blankMarker(4);
+        measureBoard(state);
+        Drawing drawing;
+        showsquare(state, drawing);
+
+        std::vector<FilledRectangle> expected{{QRect(8, 8, 24 * row.n + 1, 18 * row.n + 1), Qt::white}};
+        for (int line = 0; line <= row.n; ++line) {
+            expected.push_back({QRect(8 + 24 * line, 8, 1, 18 * row.n + 1), Qt::black});
+            expected.push_back({QRect(8, 8 + 18 * line, 24 * row.n + 1, 1), Qt::black});
         }
-        const auto texts = itemsOf<TextAtPoint>(surface);
-        EXPECT_EQ(texts.size(), row.showAnswers == 1 ? 25U : 24U);
-        EXPECT_EQ(texts.front().point, row.first);
-        EXPECT_EQ(texts.back().point, row.last);
+        if (row.shaded)
+            expected.push_back({QRect(QPoint(33, 9), QPoint(55, 25)), QColor(192, 192, 192)});
+        EXPECT_EQ(itemsOf<FilledRectangle>(drawing), expected);
+        const auto texts = itemsOf<TextAtPoint>(drawing);
+        ASSERT_EQ(texts.size(), static_cast<std::size_t>(row.texts));
+        EXPECT_EQ(texts[0], (TextAtPoint{QPoint(10, 11), QString::number(row.start), 21}));
+        EXPECT_EQ(texts[1].point, QPoint(row.secondX, 11));
+        EXPECT_EQ(texts.back().point, QPoint(row.lastX, 18 * row.n - 7));
     }
 }
 
 TEST(Board, CondensesWideNumbers) {
-    // Replayed, a number never leaves its room, however wide it is.
-    DrawingSurface surface;
-    surface.drawText(10, 3, "123456789", 21);
+    Drawing drawing;
+    drawing.drawText(10, 3, "123456789", 21);
     QImage image(120, 24, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
-    surface.drawing().replay(painter);
+    drawing.replay(painter);
     painter.end();
-    int inked = 0;
-    for (int x = 0; x < image.width(); ++x)
-        for (int y = 0; y < image.height(); ++y)
-            if (image.pixelColor(x, y) != QColor(Qt::white)) {
-                ++inked;
-                ASSERT_TRUE(x >= 9 && x <= 31) << x;
-            }
-    EXPECT_GT(inked, 40);
+    const QBitmap ink = QBitmap::fromImage(image.createMaskFromColor(QColor(Qt::white).rgb()));
+    const QRect inked = QRegion(ink).boundingRect();
+    EXPECT_TRUE(inked.left() >= 9 && inked.right() <= 31 && inked.width() > 15) << inked.width();
 }
 
 } // namespace
-} // namespace quarvelle
+} // namespace quarvelle::testing

@@ -2,13 +2,8 @@
 #include "engine/Numbers.h"
 #include "tests/support/WindowFixture.h"
 
-namespace quarvelle {
+namespace quarvelle::testing {
 namespace {
-
-using testing::Cell;
-using testing::pressKey;
-using testing::typeText;
-using testing::WindowFixture;
 
 class PracticeTest : public WindowFixture {
 protected:
@@ -18,40 +13,30 @@ protected:
                ") Complete Magic Square(s) solved: " + text(solved) + " / Numbers correct: " + text(correct) +
                " / Numbers incorrect: " + text(incorrect);
     }
-    Cell firstBlank() { return *testing::blanksOf(state()).begin(); }
-    std::string answerAt(Cell cell) { return numberText(testing::at(state().square, cell)); }
+    Cell firstBlank() { return *blanksOf(state()).begin(); }
+    std::string answerAt(Cell cell) { return numberText(at(state().square, cell)); }
     void answerAll() {
-        for (const Cell& cell : testing::blanksOf(state()))
+        for (const Cell& cell : blanksOf(state()))
             answer(cell, answerAt(cell));
     }
-    std::vector<TextAtPoint> texts() {
-        std::vector<TextAtPoint> texts;
-        for (const DrawingItem& item : window().boardPage().drawing().items())
-            if (const auto* text = std::get_if<TextAtPoint>(&item))
-                texts.push_back(*text);
-        return texts;
-    }
+    std::vector<TextAtPoint> texts() { return itemsOf<TextAtPoint>(window().boardPage().drawing()); }
 };
 
 TEST_F(PracticeTest, PlaysSquareAfterSquare) {
     type(page().Text2, "7");
     type(page().Text3, "3");
-    menus().panswers->trigger();
+    for (QAction* item : {menus().easy, menus().nhighlighted, menus().panswers})
+        item->trigger();
     Grid first{};
     practise({
         [&] {
             EXPECT_EQ(title(), score(7, 0, 0, 0));
-            EXPECT_TRUE(window().boardPage().isVisible() && !page().Command4->isVisible());
-            EXPECT_TRUE(menus().options1->menuAction()->isVisible());
-            EXPECT_FALSE(menus().size->menuAction()->isVisible());
             EXPECT_EQ(state().puzzleMode, PuzzleMode::puzzles);
             EXPECT_EQ(state().remainingBlanks, 4);
             first = state().square;
             const Cell blank = firstBlank();
-            answer(blank, "0");
-            answer(blank, "");
-            answer(blank, "x");
-            answer(blank, "1000");
+            for (const char* wrong : {"0", "", "x", "1000"})
+                answer(blank, wrong);
             EXPECT_TRUE(answerBox().isVisible() && answerBox().text().isEmpty());
             answer(blank, answerAt(blank));
             EXPECT_EQ(title(), score(7, 0, 1, 2));
@@ -68,21 +53,41 @@ TEST_F(PracticeTest, PlaysSquareAfterSquare) {
         [&] {
             EXPECT_EQ(title(), score(7, 1, 3, 2));
             EXPECT_NE(state().square, first);
-            EXPECT_EQ(state().remainingBlanks, 4);
             EXPECT_EQ(texts().size(), 46U) << "the earlier board is gone";
+            answer(firstBlank(), answerAt(firstBlank()));
+            first = state().square;
+            menus().newsquare->trigger();
+        },
+        [&] {
+            EXPECT_EQ(title(), score(7, 1, 4, 2)) << "dropped without counting";
+            EXPECT_NE(state().square, first);
+            press(firstBlank());
+            menus().startover->trigger();
+        },
+        [&] {
+            EXPECT_EQ(title(), score(7, 0, 0, 0));
+            EXPECT_FALSE(answerBox().isVisible());
+            press(firstBlank());
+            pressKey(window(), Qt::Key_Q);
         },
     });
     EXPECT_EQ(title(), "Quarvelle");
     EXPECT_EQ(state().puzzleMode, PuzzleMode::answers);
-    EXPECT_EQ(state().squaresSolved, 1);
-    EXPECT_TRUE(page().Command4->isVisible() && page().Command4->isEnabled());
+    EXPECT_EQ(state().difficulty, Difficulty::easy);
+    EXPECT_EQ(state().highlightAnswers, 0);
     EXPECT_TRUE(texts().empty());
+    practise({[&] {
+        menus().options1->popup({0, 0});
+        ASSERT_TRUE(menus().options1->isVisible());
+        pressKey(window(), Qt::Key_Q);
+    }});
+    EXPECT_FALSE(menus().options1->isVisible());
 }
 
 TEST_F(PracticeTest, SelectsCellsByTheirPixels) {
     type(page().Text3, "6");
     practise({[&] {
-        const auto blanks = testing::blanksOf(state());
+        const auto blanks = blanksOf(state());
         const auto clickAt = [&](int x, int y) {
             state().selectedRow = state().selectedColumn = 0;
             window().boardPage().closeAnswerBox();
@@ -112,23 +117,23 @@ TEST_F(PracticeTest, SelectsCellsByTheirPixels) {
 }
 
 TEST_F(PracticeTest, TakesAnswersByNumberOrTextAndShowsThemWhole) {
-    const struct {
-        const char *size, *start, *distance;
-    } rows[] = {{"5", "1", "1"},   {"5", "-3", "1"}, {"5", "1", "0.5"},       {"5", "0.1", "0.1"},
-                {"5", "-24", "1"}, {"29", "1", "1"}, {"5", "1E+15", "1E+11"}, {"7", "1", "1E-9"}};
-    for (const auto& row : rows) {
-        enter(row.size, row.start, row.distance);
+    const std::array<const char*, 3> rows[] = {{"5", "1", "1"},         {"5", "-3", "1"},  {"5", "1", "0.5"},
+                                               {"5", "0.1", "0.1"},     {"5", "-24", "1"}, {"29", "1", "1"},
+                                               {"5", "1E+15", "1E+11"}, {"7", "1", "1E-9"}};
+    for (const auto& [size, start, distance] : rows) {
+        enter(size, start, distance);
+        const bool negative = *start == '-';
         practise({
             [&] {
-                QString widest;
                 press(firstBlank());
                 const QFontMetricsF metrics(answerBox().font());
-                for (int i = 1; i <= state().squareSize; ++i)
-                    for (int j = 1; j <= state().squareSize; ++j) {
-                        const auto text = QString::fromStdString(answerAt({i, j}));
-                        widest = metrics.horizontalAdvance(text) > metrics.horizontalAdvance(widest) ? text
-                                                                                                     : widest;
-                    }
+                QString widest;
+                for (int cell = 0; cell < state().squareSize * state().squareSize; ++cell) {
+                    const auto text = QString::fromStdString(
+                        answerAt({1 + cell / state().squareSize, 1 + cell % state().squareSize}));
+                    if (metrics.horizontalAdvance(text) > metrics.horizontalAdvance(widest))
+                        widest = text;
+                }
                 typeText(window(), widest);
                 EXPECT_EQ(answerBox().text(), widest);
                 EXPECT_LT(metrics.horizontalAdvance(widest), answerBox().width());
@@ -139,30 +144,19 @@ TEST_F(PracticeTest, TakesAnswersByNumberOrTextAndShowsThemWhole) {
                 answerAll();
             },
             [&] {
-                EXPECT_EQ(state().squaresSolved, 1) << row.start << ' ' << row.distance;
-                EXPECT_EQ(state().numbersIncorrect, 0);
+                EXPECT_TRUE(state().squaresSolved == 1 && state().numbersIncorrect == 0) << start << distance;
                 const Cell blank = firstBlank();
-                const double number = testing::at(state().square, blank);
+                const double number = at(state().square, blank);
                 press(blank);
                 answerBox().setProgramText(number < 0 ? "-00" + answerAt(blank).substr(1)
                                                       : "00" + answerAt(blank));
                 pressKey(window(), Qt::Key_Enter);
-                EXPECT_FALSE(isBlank(testing::at(state().puzzle, blank))) << "zeros in front don't matter";
-                const int signRoom = row.start[0] == '-' && number >= 0 ? 3 : 0;
-                EXPECT_EQ(texts().back().point.x(), state().selectedCellX + 2 + signRoom);
+                EXPECT_FALSE(isBlank(at(state().puzzle, blank))) << "zeros in front don't matter";
+                EXPECT_EQ(texts().back().point.x(),
+                          state().selectedCellX + (negative && number >= 0 ? 5 : 2));
             },
         });
     }
-}
-
-TEST_F(PracticeTest, RefusesWhatTidyingMakesTooLarge) {
-    enter("23", "9990", "-1");
-    ASSERT_TRUE(page().Command4->isEnabled());
-    click(page().Command4);
-    EXPECT_EQ(state().distance, 1);
-    EXPECT_EQ(state().currentPage, Page::main);
-    EXPECT_FALSE(page().Command4->isEnabled());
-    EXPECT_EQ(events.yields(), 0);
 }
 
 TEST_F(PracticeTest, TidiesTheSettings) {
@@ -176,7 +170,8 @@ TEST_F(PracticeTest, TidiesTheSettings) {
                 {"1", {"007", "007", "2.50", "3x", "12"}, {"7", "7", "2.5", "3x", "12"}, 2.5},
                 {"2", {"0", "x", "0", "-1", "1"}, {"1", "0", "1", "2", "1"}, 1},
                 {"2", {"0.5", "1", "-3", "1", "1"}, {"1", "1", "1", "1", "1"}, 1},
-                {"1", {"-9", "1e2", "1e-3", "1", "1"}, {"1", "100", "0.001", "1", "1"}, 0.001}};
+                {"1", {"-9", "1e2", "1e-3", "1", "1"}, {"1", "100", "0.001", "1", "1"}, 0.001},
+                {"1", {"1.5E+16x", "1E9", "1", "1", "1"}, {"1.5E+16", "1000000000", "1", "1", "1"}, 1}};
     for (const auto& row : rows) {
         type(page().Text5, row.distanceBefore);
         for (std::size_t box = 0; box < 5; ++box)
@@ -185,6 +180,16 @@ TEST_F(PracticeTest, TidiesTheSettings) {
         for (std::size_t box = 0; box < 5; ++box)
             EXPECT_EQ(boxes[box]->text(), row.shown[box]);
     }
+    type(page().text4, "12345678901");
+    EXPECT_EQ(page().text4->text(), "123456789") << "only the program's own texts are longer";
+
+    enter("23", "9990", "-1");
+    events = {};
+    click(page().Command4);
+    EXPECT_EQ(state().distance, 1);
+    EXPECT_EQ(state().currentPage, Page::main) << "tidied, the numbers are too wide";
+    EXPECT_FALSE(page().Command4->isEnabled());
+    EXPECT_EQ(events.yields(), 0);
 }
 
 TEST_F(PracticeTest, DrawsStartingNumbers) {
@@ -204,40 +209,10 @@ TEST_F(PracticeTest, DrawsStartingNumbers) {
     for (const auto& row : rows) {
         enter(row.size, row.start, row.distance);
         type(page().Text7, row.starts);
-        random = testing::ScriptedRandom(row.draws);
+        random = ScriptedRandom(row.draws);
         practise({[&] { EXPECT_EQ(state().startNumber, row.drawn) << row.start; }});
         EXPECT_EQ(numberText(state().startNumber), row.start) << "the typed number is back";
     }
-}
-
-TEST_F(PracticeTest, MenusSteerTheRun) {
-    Grid square{};
-    practise({
-        [&] {
-            answer(firstBlank(), answerAt(firstBlank()));
-            answer(firstBlank(), "1E9");
-            square = state().square;
-            menus().newsquare->trigger();
-        },
-        [&] {
-            EXPECT_EQ(title(), score(5, 0, 1, 1)) << "dropped without counting";
-            EXPECT_NE(state().square, square);
-            press(firstBlank());
-            menus().startover->trigger();
-        },
-        [&] {
-            EXPECT_EQ(title(), score(5, 0, 0, 0));
-            EXPECT_FALSE(answerBox().isVisible());
-            menus().qplaying->trigger();
-        },
-    });
-    for (QAction* item : {menus().easy, menus().nhighlighted, menus().ppuzzles, menus().easy})
-        item->trigger();
-    EXPECT_EQ(state().difficulty, Difficulty::easy);
-    EXPECT_EQ(state().highlightAnswers, 0);
-    EXPECT_EQ(state().puzzleMode, PuzzleMode::puzzles);
-    EXPECT_TRUE(menus().easy->isChecked() && !menus().challenging->isChecked());
-    EXPECT_TRUE(!menus().pboth->isChecked() && !menus().highlighted->isChecked());
 }
 
 TEST_F(PracticeTest, StopsAbandonsAndClosesAtEveryYield) {
@@ -252,47 +227,27 @@ TEST_F(PracticeTest, StopsAbandonsAndClosesAtEveryYield) {
         [this] { window().close(); },
         [this] { menus().newsquare->trigger(); },
     };
-    const auto& abandon = requests[3];
-    for (const auto& request : requests)
+    for (int request = 0; request < 4; ++request)
         for (int turn = 1; turn <= turnsOfASquare; ++turn) {
             window().show();
-            random = testing::ScriptedRandom();
-            events = testing::ScriptedEvents();
+            random = ScriptedRandom();
+            events = ScriptedEvents();
             events.onYield = [&](int now) {
                 if (now == turn)
-                    request();
+                    requests[request]();
             };
-            int shownAt = 0;
-            events.onWait = [&](int) {
-                shownAt = events.yields();
-                pressKey(window(), Qt::Key_Q);
-            };
-            click(page().Command4);
+            practise({});
             EXPECT_EQ(state().practising, 0);
-            EXPECT_EQ(state().currentPage, Page::main);
             EXPECT_EQ(title(), "Quarvelle");
             EXPECT_EQ(state().squaresSolved, 0);
-            EXPECT_EQ(window().isVisible(), &request != &requests[2]);
-            if (&request != &abandon) {
+            EXPECT_EQ(window().isVisible(), request != 2);
+            if (request < 3)
                 EXPECT_EQ(events.yields(), turn) << "nothing goes on after the stop";
-            } else {
-                EXPECT_EQ(shownAt > turnsOfASquare, turn == turnsOfASquare) << "only the player's wait looks";
-            }
+            else
+                EXPECT_EQ(events.yields() > turnsOfASquare, turn == turnsOfASquare)
+                    << "only the wait for the player looks whether a new square is wanted";
         }
 }
 
-TEST_F(PracticeTest, QStopsWhicheverControlHasTheKeyboard) {
-    practise({[&] {
-        press(firstBlank());
-        pressKey(window(), Qt::Key_Q);
-    }});
-    practise({[&] {
-        menus().options1->popup({0, 0});
-        ASSERT_TRUE(menus().options1->isVisible());
-        pressKey(window(), Qt::Key_Q);
-    }});
-    EXPECT_FALSE(menus().options1->isVisible());
-}
-
 } // namespace
-} // namespace quarvelle
+} // namespace quarvelle::testing

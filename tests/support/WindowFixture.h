@@ -16,6 +16,15 @@
 
 namespace quarvelle::testing {
 
+template <class Item>
+std::vector<Item> itemsOf(const Drawing& drawing) {
+    std::vector<Item> items;
+    for (const DrawingItem& item : drawing.items())
+        if (const Item* wanted = std::get_if<Item>(&item))
+            items.push_back(*wanted);
+    return items;
+}
+
 /// The whole program on a window of its own, with scripted draws and turns.
 class WindowFixture : public ::testing::Test {
 protected:

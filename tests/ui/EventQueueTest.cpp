@@ -10,70 +10,51 @@ namespace {
 
 using Clock = QtEventQueue::Clock;
 
-/// A queue on a clock that stands still, and whether an event that was posted has been handled.
-class EventQueueTest : public ::testing::Test {
-protected:
-    Clock::time_point m_time;
-    QtEventQueue m_events{[this] { return m_time; }};
-    QObject m_receiver;
-
-    bool yieldHandlesEvents() {
+TEST(EventQueue, GoesToTheToolkitWhenItsIntervalHasPassed) {
+    Clock::time_point time;
+    QtEventQueue events([&time] { return time; });
+    /// Whether a turn handles an event, which takes some time.
+    const auto handledAfter = [&](Clock::duration passing, Clock::duration handling = {}) {
+        QObject receiver;
         bool handled = false;
-        QMetaObject::invokeMethod(
-            &m_receiver, [&handled] { handled = true; }, Qt::QueuedConnection);
-        m_events.yield();
-        const bool handledByYield = handled;
-        QCoreApplication::processEvents();
-        EXPECT_TRUE(handled);
-        return handledByYield;
-    }
-};
-
-TEST_F(EventQueueTest, GoesToTheToolkitWhenItsIntervalHasPassed) {
-    EXPECT_TRUE(yieldHandlesEvents()) << "the first turn";
-    EXPECT_FALSE(yieldHandlesEvents());
-    m_time += QtEventQueue::turnInterval - Clock::duration(1);
-    EXPECT_FALSE(yieldHandlesEvents());
-    m_time += Clock::duration(1);
-    EXPECT_TRUE(yieldHandlesEvents());
-    EXPECT_FALSE(yieldHandlesEvents()) << "the interval counts from the last turn";
-}
-
-TEST_F(EventQueueTest, KnowsWhenATurnOrAWaitEnded) {
-    QMetaObject::invokeMethod(
-        &m_receiver, [this] { m_time += std::chrono::seconds(1); }, Qt::QueuedConnection);
-    m_events.yield();
-    EXPECT_FALSE(yieldHandlesEvents()) << "a turn that took long is no reason for the next";
+        const auto handle = [&] { handled = true, time += handling; };
+        QMetaObject::invokeMethod(&receiver, handle, Qt::QueuedConnection);
+        time += passing;
+        events.yield();
+        return handled;
+    };
+    const Clock::duration none(0), tick(1), interval = QtEventQueue::turnInterval;
+    EXPECT_TRUE(handledAfter(none, interval)) << "the first turn";
+    EXPECT_FALSE(handledAfter(none)) << "a turn that took long is no reason for the next";
+    EXPECT_FALSE(handledAfter(interval - tick));
+    EXPECT_TRUE(handledAfter(tick));
+    EXPECT_FALSE(handledAfter(interval - tick)) << "the interval counts from the last turn";
     QTimer::singleShot(0, [] {});
-    m_events.wait();
-    EXPECT_TRUE(yieldHandlesEvents()) << "the first turn after a wait";
-    EXPECT_FALSE(yieldHandlesEvents());
+    events.wait();
+    EXPECT_TRUE(handledAfter(none)) << "the first turn after a wait";
+    EXPECT_FALSE(handledAfter(none));
 }
 
-class PaintedSurface : public DrawingSurface {
-public:
-    int m_paints = 0;
-
-protected:
-    void paintEvent(QPaintEvent* event) override {
-        ++m_paints;
-        DrawingSurface::paintEvent(event);
-    }
-};
-
-TEST_F(EventQueueTest, WaitPaintsWhatWasDrawnWithoutAnotherEvent) {
-    PaintedSurface surface;
+TEST(EventQueue, WaitPaintsWhatWasDrawnWithoutAnotherEvent) {
+    struct : DrawingSurface {
+        int paints = 0;
+        void paintEvent(QPaintEvent* event) override {
+            ++paints;
+            DrawingSurface::paintEvent(event);
+        }
+    } surface;
+    QtEventQueue events;
     surface.show();
-    while (surface.m_paints == 0)
-        m_events.wait();
-    m_events.yield();
-    surface.m_paints = 0;
+    while (surface.paints == 0)
+        events.wait();
+    events.yield();
+    surface.paints = 0;
     bool rescued = false;
     QTimer::singleShot(5000, &surface, [&rescued] { rescued = true; });
     surface.fillRectangle(0, 0, 9, 9, Qt::white);
-    m_events.yield();
-    while (surface.m_paints == 0 && !rescued)
-        m_events.wait();
+    events.yield();
+    while (surface.paints == 0 && !rescued)
+        events.wait();
     EXPECT_FALSE(rescued) << "the drawing lay there until something else happened";
 }
 
