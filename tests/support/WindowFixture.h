@@ -34,7 +34,7 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
     }
 
-    MainWindow& window() { return program.window(); }
+    MainWindow& window() { return program->window(); }
     ProgramState& state() { return window().state(); }
     const Ui::MainPage& page() { return window().mainPage().controls(); }
     const Ui::PropertiesPage& properties() { return window().propertiesPage().controls(); }
@@ -87,7 +87,7 @@ protected:
     ScriptedRandom random;
     ScriptedEvents events;
     FakePrinter printer;
-    Program program{random, events, &printer};
+    std::unique_ptr<Program> program = std::make_unique<Program>(random, events, &printer);
 };
 
 } // namespace quarvelle::testing
