@@ -106,6 +106,8 @@ TEST_F(PracticeTest, SelectsCellsByTheirPixels) {
         typeText(window(), "1");
         press(firstBlank());
         EXPECT_EQ(answerBox().text(), "1") << "the open box keeps what was typed";
+        press(*blanks.rbegin());
+        EXPECT_EQ(answerBox().text(), "") << "but not for another cell";
         window().boardPage().closeAnswerBox();
         press(firstBlank());
         EXPECT_TRUE(answerBox().isVisible()) << "the cell selected last can be chosen again";
@@ -160,24 +162,26 @@ TEST_F(PracticeTest, TakesAnswersByNumberOrTextAndShowsThemWhole) {
 }
 
 TEST_F(PracticeTest, TidiesTheSettings) {
-    // Blanks, start, distance, random starts, count.
-    EntryBox* const boxes[] = {page().Text3, page().text4, page().Text5, page().Text7, page().Text1};
+    // Size, blanks, start, distance, random starts, count.
+    EntryBox* const boxes[] = {page().Text2, page().Text3, page().text4,
+                               page().Text5, page().Text7, page().Text1};
     const struct {
         const char* distanceBefore;
-        std::array<const char*, 5> typed, shown;
+        std::array<const char*, 6> typed, shown;
         double distanceUsed;
-    } rows[] = {{"1", {"", "", "", "0", ""}, {"1", "0", "1", "2", "0"}, 1},
-                {"1", {"007", "007", "2.50", "3x", "12"}, {"7", "7", "2.5", "3x", "12"}, 2.5},
-                {"2", {"0", "x", "0", "-1", "1"}, {"1", "0", "1", "2", "1"}, 1},
-                {"2", {"0.5", "1", "-3", "1", "1"}, {"1", "1", "1", "1", "1"}, 1},
-                {"1", {"-9", "1e2", "1e-3", "1", "1"}, {"1", "100", "0.001", "1", "1"}, 0.001},
-                {"1", {"1.5E+16x", "1E9", "1", "1", "1"}, {"1.5E+16", "1000000000", "1", "1", "1"}, 1}};
+    } rows[] = {
+        {"1", {"5", "", "", "", "0", ""}, {"5", "1", "0", "1", "2", "0"}, 1},
+        {"1", {"007", "7", "007", "2.50", "3x", "12"}, {"7", "7", "7", "2.5", "3x", "12"}, 2.5},
+        {"2", {"9", "0", "x", "0", "-1", "1"}, {"7", "1", "0", "1", "2", "1"}, 1},
+        {"2", {"5.", "0.5", "1", "-3", "1", "1"}, {"5", "1", "1", "1", "1", "1"}, 1},
+        {"1", {"5x", "-9", "1e2", "1e-3", "1", "1"}, {"5", "1", "100", "0.001", "1", "1"}, 0.001},
+        {"1", {"5", "1.5E+16x", "1E9", "1", "1", "1"}, {"5", "1.5E+16", "1000000000", "1", "1", "1"}, 1}};
     for (const auto& row : rows) {
         type(page().Text5, row.distanceBefore);
-        for (std::size_t box = 0; box < 5; ++box)
+        for (std::size_t box = 0; box < 6; ++box)
             type(boxes[box], row.typed[box]);
         practise({[&] { EXPECT_EQ(state().distance, row.distanceUsed); }});
-        for (std::size_t box = 0; box < 5; ++box)
+        for (std::size_t box = 0; box < 6; ++box)
             EXPECT_EQ(boxes[box]->text(), row.shown[box]);
     }
     type(page().text4, "12345678901");
@@ -199,6 +203,7 @@ TEST_F(PracticeTest, DrawsStartingNumbers) {
         double drawn;
     } rows[] = {
         {"5", "1", "1", "3", {0.9, 0.99}, 3},      // as many as asked for
+        {"5", "1", "1", "74", {0.99}, 73},         // as many as there are
         {"7", "1", "1", "1000", {0.99}, 49},       // 1 to 49 of two digits
         {"5", "-5", "1", "1E+300", {0.5}, 34},     // -5 + floor(79 / 2)
         {"5", "0.5", "0.1", "2", {0.1, 0.6}, 1.5}, // whole steps
@@ -239,6 +244,7 @@ TEST_F(PracticeTest, StopsAbandonsAndClosesAtEveryYield) {
             practise({});
             EXPECT_EQ(state().practising, 0);
             EXPECT_EQ(title(), "Quarvelle");
+            EXPECT_EQ(window().focusWidget(), page().Command4);
             EXPECT_EQ(state().squaresSolved, 0);
             EXPECT_EQ(window().isVisible(), request != 2);
             if (request < 3)

@@ -30,6 +30,7 @@ protected:
         EXPECT_EQ(state().currentPage, Page::main);
         EXPECT_EQ(state().stopRequested, Request::none);
         EXPECT_EQ(title(), "Quarvelle");
+        EXPECT_TRUE(window().focusWidget() == page().Command1 || !page().Command1->isEnabled());
         EXPECT_TRUE(page().Command1->isVisible() && !menus().options1->menuAction()->isVisible());
     }
 
@@ -86,8 +87,8 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
     } rows[] = {
         {0, 5, "007", "2", 26, 2, "", 7},        {1, 7, "1", "1", 13, 2, "", 1},
         {2, 5, "-3.5", "0.25", 21, 2, "", -3.5}, {2, 11, "-400", "3", 5, 2, "", -400},
-        {0, 13, "1", "1", 5, 2, "", 1},          {0, 17, "1", "1", 2, 2, "", 1},
-        {2, 29, "1", "1", 1, 1, "", 1},          {2, 5, "1", "1", 51, 3, "", 1},
+        {0, 5, "1", "5000", 11, 2, "", 1},       {0, 17, "1", "1", 2, 2, "", 1},
+        {2, 29, "1", "1", 1, 1, "", 1},          {2, 5, "1", "1", 50, 2, "", 1},
         {0, 5, "4", "1", 40, 2, "3", 6},         {0, 5, "4", "1", 40, 2, "0", 5},
         {2, 5, "4", "1", 40, 2, "1000", 75},
     };
@@ -185,11 +186,13 @@ TEST_F(BatchTest, StopsAtAnyTurnWithTheFullSheetsPrinted) {
     for (const auto& [order, start, distance, perSheet] :
          {std::tuple{7, "-99999999", "1", 3.0}, {5, "-9.9E+100", "1E+86", 0.5}}) {
         const double count = 2 * perSheet + 1;
+        std::set<std::size_t> seen;
         int turn = 0;
         for (int stopping = 1; turn >= stopping - 1; ++stopping) {
             turn = 0;
             std::size_t sent = 2 * static_cast<std::size_t>(std::ceil(count / perSheet));
             events.onYield = [&, squaresPerSheet = perSheet](int) {
+                seen.insert(printer.sheets.size());
                 if (++turn != stopping)
                     return;
                 sent = printer.sheets.size();
@@ -204,6 +207,7 @@ TEST_F(BatchTest, StopsAtAnyTurnWithTheFullSheetsPrinted) {
             EXPECT_EQ(printer.steps, 2 + static_cast<int>(sent)) << "begun and ended";
             EXPECT_TRUE(printer.told.empty());
         }
+        EXPECT_EQ(static_cast<double>(seen.size()), std::ceil(count / perSheet)) << "a turn after each sheet";
     }
 }
 

@@ -48,14 +48,19 @@ TEST(EventQueue, WaitPaintsWhatWasDrawnWithoutAnotherEvent) {
     while (surface.paints == 0)
         events.wait();
     events.yield();
-    surface.paints = 0;
     bool rescued = false;
     QTimer::singleShot(5000, &surface, [&rescued] { rescued = true; });
-    surface.fillRectangle(0, 0, 9, 9, Qt::white);
-    events.yield();
-    while (surface.paints == 0 && !rescued)
-        events.wait();
-    EXPECT_FALSE(rescued) << "the drawing lay there until something else happened";
+    const std::function<void()> changes[] = {[&] { surface.fillRectangle(0, 0, 9, 9, Qt::white); },
+                                             [&] { surface.drawText(0, 0, "1", 9); },
+                                             [&] { surface.clear(); }};
+    for (const auto& change : changes) {
+        surface.paints = 0;
+        change();
+        events.yield();
+        while (surface.paints == 0 && !rescued)
+            events.wait();
+    }
+    EXPECT_FALSE(rescued) << "a drawing lay there until something else happened";
 }
 
 } // namespace

@@ -12,8 +12,13 @@ TEST_F(LookTest, CaptionsCanBeReadWhole) {
     EXPECT_FALSE(CaptionLayout("Print how many squares?", page().Label1->font(), {60, 17}, true).fits());
     const auto expectWhole = [](const auto& widgets, int least) {
         EXPECT_GE(widgets.size(), least);
-        for (const auto* widget : widgets)
+        for (auto* widget : widgets) {
             EXPECT_TRUE(widget->captionLayout().fits()) << widget->text().toStdString();
+            const QImage image = widget->grab().toImage();
+            EXPECT_TRUE(widget->text().isEmpty() ||
+                        image.convertToFormat(QImage::Format_Indexed8).colorCount() > 1)
+                << "not drawn";
+        }
     };
     const std::array<const char*, 3> rows[] = {{"5", "1", "1"},        {"11", "-77777", "1"},
                                                {"13", "0.1", "0.03"},  {"29", "1", "99999999"},
