@@ -289,7 +289,8 @@ TEST_F(Robot, FindsNothing) {
     for (const auto& [what, times] : m_seen)
         std::printf("%s: %ld\n", what.c_str(), times);
     const auto* result = ::testing::UnitTest::GetInstance()->current_test_info()->result();
-    std::printf("robot: %ld steps, %d failures\n", m_step, result->total_part_count());
+    qApp->setProperty("closingLine",
+                      QString("robot: %1 steps, %2 failures\n").arg(m_step).arg(result->total_part_count()));
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <cstdio>
 #include <gtest/gtest.h>
 
 #include "tests/support/QtWarnings.h"
@@ -11,5 +12,7 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     ::testing::InitGoogleTest(&argc, argv);
     quarvelle::testing::onQtWarning([](const QString& text) { ADD_FAILURE() << text.toStdString(); });
-    return RUN_ALL_TESTS();
+    const int result = RUN_ALL_TESTS();
+    std::fputs(qPrintable(application.property("closingLine").toString()), stdout);
+    return result;
 }
