@@ -53,15 +53,16 @@ protected:
             printer.failingStep = 1 + below(60);
             return ++m_seen["batches"] % 4 != 0;
         };
-        for (bool opened = false; m_step < m_steps; step()) {
-            if (opened && window().isVisible())
-                continue;
-            program = std::make_unique<Program>(random, events, &printer);
-            QObject::connect(menus().startover, &QAction::triggered, [this] { m_keepsScore = false; });
-            m_keepsScore = false;
-            window().show();
-            opened = true;
-        }
+        for (open(); m_step < m_steps; step())
+            if (!window().isVisible())
+                open();
+    }
+
+    void open() {
+        program = std::make_unique<Program>(random, events, &printer);
+        QObject::connect(menus().startover, &QAction::triggered, [this] { m_keepsScore = false; });
+        m_keepsScore = false;
+        window().show();
     }
 
     void step() {
