@@ -56,11 +56,13 @@ TEST_F(PracticeTest, PlaysSquareAfterSquare) {
             EXPECT_EQ(texts().size(), 46U) << "the earlier board is gone";
             answer(firstBlank(), answerAt(firstBlank()));
             first = state().square;
+            window().setWindowState(Qt::WindowNoState);
             menus().newsquare->trigger();
         },
         [&] {
             EXPECT_EQ(title(), score(7, 1, 4, 2)) << "dropped without counting";
             EXPECT_NE(state().square, first);
+            EXPECT_TRUE(window().isMaximized());
             press(firstBlank());
             menus().startover->trigger();
         },
@@ -86,6 +88,9 @@ TEST_F(PracticeTest, PlaysSquareAfterSquare) {
 
 TEST_F(PracticeTest, SelectsCellsByTheirPixels) {
     type(page().Text3, "6");
+    type(page().Text2, "7");
+    practise({});
+    type(page().Text2, "5");
     practise({[&] {
         const auto blanks = blanksOf(state());
         const auto clickAt = [&](int x, int y) {
@@ -104,6 +109,7 @@ TEST_F(PracticeTest, SelectsCellsByTheirPixels) {
             }
         press(firstBlank());
         typeText(window(), "1");
+        pressKey(window(), Qt::Key_Left);
         press(firstBlank());
         EXPECT_EQ(answerBox().text(), "1") << "the open box keeps what was typed";
         press(*blanks.rbegin());
@@ -193,6 +199,7 @@ TEST_F(PracticeTest, TidiesTheSettings) {
     EXPECT_EQ(state().distance, 1);
     EXPECT_EQ(state().currentPage, Page::main) << "tidied, the numbers are too wide";
     EXPECT_FALSE(page().Command4->isEnabled());
+    EXPECT_EQ(window().focusWidget(), page().Text2);
     EXPECT_EQ(events.yields(), 0);
 }
 

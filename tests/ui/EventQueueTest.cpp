@@ -1,3 +1,4 @@
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -49,7 +50,7 @@ TEST(EventQueue, WaitPaintsWhatWasDrawnWithoutAnotherEvent) {
         events.wait();
     events.yield();
     bool rescued = false;
-    QTimer::singleShot(5000, &surface, [&rescued] { rescued = true; });
+    QTimer::singleShot(5000, [&rescued] { rescued = true; });
     const std::function<void()> changes[] = {[&] { surface.fillRectangle(0, 0, 9, 9, Qt::white); },
                                              [&] { surface.drawText(0, 0, "1", 9); },
                                              [&] { surface.clear(); }};
@@ -60,6 +61,7 @@ TEST(EventQueue, WaitPaintsWhatWasDrawnWithoutAnotherEvent) {
         while (surface.paints == 0 && !rescued)
             events.wait();
     }
+    EXPECT_TRUE(QAbstractEventDispatcher::instance()->registeredTimers(&surface).isEmpty());
     EXPECT_FALSE(rescued) << "a drawing lay there until something else happened";
 }
 

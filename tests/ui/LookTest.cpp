@@ -2,6 +2,7 @@
 #include <QScrollBar>
 
 #include "tests/support/WindowFixture.h"
+#include "ui/PictureBox.h"
 
 namespace quarvelle::testing {
 namespace {
@@ -20,9 +21,10 @@ TEST_F(LookTest, CaptionsCanBeReadWhole) {
                 << "not drawn";
         }
     };
-    const std::array<const char*, 3> rows[] = {{"5", "1", "1"},        {"11", "-77777", "1"},
-                                               {"13", "0.1", "0.03"},  {"29", "1", "99999999"},
-                                               {"97", "8888888", "1"}, {"101", "1", "1"}};
+    const std::array<const char*, 3> rows[] = {
+        {"5", "1", "1"},       {"7", "-77777", "1"},    {"11", "1E+308", "1"},
+        {"13", "0.1", "0.03"}, {"29", "1", "99999999"}, {"31", "1", "1"},
+        {"89", "1", "1"},      {"97", "8888888", "1"},  {"101", "1", "1"}};
     for (const auto& [size, start, distance] : rows) {
         enter(size, start, distance);
         SCOPED_TRACE(size);
@@ -48,6 +50,38 @@ TEST_F(LookTest, TextIsBlackOnTheGivenColoursWhateverTheTheme) {
     QApplication::setPalette(light);
 }
 
+TEST_F(LookTest, ButtonsShowWhereTheKeyboardIsAndWhatIsDisabled) {
+    for (auto* button : menus().pages->findChildren<QAbstractButton*>()) {
+        menus().pages->setCurrentWidget(button->parentWidget());
+        const auto look = [button] { return button->grab().toImage(); };
+        button->clearFocus();
+        const QImage plain = look();
+        button->setFocus();
+        EXPECT_TRUE(look() != plain) << button->objectName().toStdString();
+        button->clearFocus();
+        button->setEnabled(false);
+        EXPECT_TRUE(look() != plain || qobject_cast<QCheckBox*>(button));
+    }
+}
+
+TEST_F(LookTest, PicturesMarkTheCellsOfTheirProperties) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"Picture1", "x.....x.....x.....x.....x"}, {"Picture2", "...x.....xx.....x.....x.."},
+        {"Picture3", "x.x...xx.xx.xx...x.x....."}, {"Picture4", "..x.......x.x.x.......x.."},
+        {"Picture5", "x...x.......x.......x...x"}, {"Picture6", ".x...xxx...x.x...xxx...x."}};
+    for (const auto& [name, marks] : rows) {
+        const QImage image = window().findChild<PictureBox*>(name)->grab().toImage();
+        std::string marked;
+        for (int cell = 0; cell < 25; ++cell) {
+            const QPoint middle(cell % 5 * 24 - 48, cell / 5 * 18 - 36);
+            marked += image.pixelColor(image.rect().center() + middle * image.devicePixelRatio()) == Qt::white
+                          ? '.'
+                          : 'x';
+        }
+        EXPECT_EQ(marked, marks) << name;
+    }
+}
+
 TEST_F(LookTest, SmallScreensScroll) {
     window().setWindowState(Qt::WindowNoState);
     window().resize(500, 300);
@@ -57,6 +91,9 @@ TEST_F(LookTest, SmallScreensScroll) {
         EXPECT_GE(client->horizontalScrollBar()->maximum() + client->viewport()->width(), inner.right());
         EXPECT_GE(client->verticalScrollBar()->maximum() + client->viewport()->height(), inner.bottom());
     }
+    client->verticalScrollBar()->setValue(99);
+    click(page().Command2);
+    EXPECT_EQ(client->verticalScrollBar()->value(), 0) << "each page begins at its top";
 }
 
 } // namespace

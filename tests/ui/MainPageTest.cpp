@@ -43,6 +43,7 @@ TEST_F(MainPageTest, FollowsTheBoxes) {
         {"5", "1E+308", "1E+308", "Magic Total is {very large!} / Last number is {very large!}", "sqr5",
          false, false},
     };
+    EXPECT_EQ(window().focusWidget(), page().Text2);
     std::string before;
     for (const auto& row : rows) {
         enter(row.size, row.start, row.distance);
@@ -56,14 +57,21 @@ TEST_F(MainPageTest, FollowsTheBoxes) {
 
     enter("5", "1", "2");
     click(page().Command2);
+    EXPECT_EQ(window().focusWidget(), window().informationPage().controls().Command3);
     for (QAction* item : {menus().sqr29, menus().larger, menus().sqr29}) {
         item->trigger();
         EXPECT_EQ(marked(), "sqr29") << "nothing changes by choosing it again, or \"Larger Size\"";
     }
     click(window().informationPage().controls().Command3);
+    EXPECT_EQ(window().focusWidget(), page().Command2);
     EXPECT_EQ(page().Text2->text(), "29");
     EXPECT_EQ(readouts(), "Magic Total = 24389 / Last number equals: 1681");
     EXPECT_FALSE(page().Command4->isEnabled());
+
+    menus().quit->trigger();
+    EXPECT_FALSE(window().isVisible());
+    window().show();
+    EXPECT_EQ(state().squareSize, 29) << "only the first showing starts afresh";
 }
 
 TEST_F(MainPageTest, StepsTheSizeWithTheArrows) {
@@ -80,7 +88,7 @@ TEST_F(MainPageTest, StepsTheSizeWithTheArrows) {
                 {"9", Qt::Key_Down, "7", 7},
                 {"4", Qt::Key_Up, "5", 5},
                 {"6", Qt::Key_Down, "5", 5},
-                {"-3", Qt::Key_Up, "-3", 5},
+                {"-1", Qt::Key_Up, "-1", 5},
                 {"5.5", Qt::Key_Up, "5.5", 5},
                 {"32749", Qt::Key_Up, "32749", 32749},
                 {"99999", Qt::Key_Down, "99999", 32749}};
