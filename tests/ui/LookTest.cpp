@@ -10,7 +10,8 @@ namespace {
 using LookTest = WindowFixture;
 
 TEST_F(LookTest, CaptionsCanBeReadWhole) {
-    EXPECT_FALSE(CaptionLayout("Print how many squares?", page().Label1->font(), {60, 17}, true).fits());
+    for (const bool wraps : {false, true})
+        EXPECT_FALSE(CaptionLayout("Print how many squares?", page().Label1->font(), {60, 17}, wraps).fits());
     const auto expectWhole = [](const auto& widgets, int least) {
         EXPECT_GE(widgets.size(), least);
         for (auto* widget : widgets) {
