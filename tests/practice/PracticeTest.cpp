@@ -109,7 +109,7 @@ TEST_F(PracticeTest, SelectsCellsByTheirPixels) {
             }
         press(firstBlank());
         typeText(window(), "1");
-        pressKey(window(), Qt::Key_Left);
+        pressKey(window(), Qt::Key_Up);
         press(firstBlank());
         EXPECT_EQ(answerBox().text(), "1") << "the open box keeps what was typed";
         press(*blanks.rbegin());
