@@ -70,7 +70,7 @@ TEST_F(PracticeTest, PlaysSquareAfterSquare) {
             EXPECT_EQ(title(), score(7, 0, 0, 0));
             EXPECT_FALSE(answerBox().isVisible());
             press(firstBlank());
-            pressKey(window(), Qt::Key_Q);
+            pressKey(Qt::Key_Q);
         },
     });
     EXPECT_EQ(title(), "Quarvelle");
@@ -81,7 +81,7 @@ TEST_F(PracticeTest, PlaysSquareAfterSquare) {
     practise({[&] {
         menus().options1->popup({0, 0});
         ASSERT_TRUE(menus().options1->isVisible());
-        pressKey(window(), Qt::Key_Q);
+        pressKey(Qt::Key_Q);
     }});
     EXPECT_FALSE(menus().options1->isVisible());
 }
@@ -108,8 +108,8 @@ TEST_F(PracticeTest, SelectsCellsByTheirPixels) {
                 EXPECT_EQ(clickAt(left + 23, top + 17), selected);
             }
         press(firstBlank());
-        typeText(window(), "1");
-        pressKey(window(), Qt::Key_Up);
+        typeText("1");
+        pressKey(Qt::Key_Up);
         press(firstBlank());
         EXPECT_EQ(answerBox().text(), "1") << "the open box keeps what was typed";
         press(*blanks.rbegin());
@@ -142,7 +142,7 @@ TEST_F(PracticeTest, TakesAnswersByNumberOrTextAndShowsThemWhole) {
                     if (metrics.horizontalAdvance(text) > metrics.horizontalAdvance(widest))
                         widest = text;
                 }
-                typeText(window(), widest);
+                typeText(widest);
                 EXPECT_EQ(answerBox().text(), widest);
                 EXPECT_LT(metrics.horizontalAdvance(widest), answerBox().width());
                 EXPECT_EQ(answerBox().cursorPositionAt({0, 9}), 0) << widest.toStdString() << " has scrolled";
@@ -158,7 +158,7 @@ TEST_F(PracticeTest, TakesAnswersByNumberOrTextAndShowsThemWhole) {
                 press(blank);
                 answerBox().setProgramText(number < 0 ? "-00" + answerAt(blank).substr(1)
                                                       : "00" + answerAt(blank));
-                pressKey(window(), Qt::Key_Enter);
+                pressKey(Qt::Key_Enter);
                 EXPECT_FALSE(isBlank(at(state().puzzle, blank))) << "zeros in front don't matter";
                 EXPECT_EQ(texts().back().point.x(),
                           state().selectedCellX + (negative && number >= 0 ? 5 : 2));

@@ -198,7 +198,7 @@ TEST_F(BatchTest, StopsAtAnyTurnWithTheFullSheetsPrinted) {
                 sent = printer.sheets.size();
                 EXPECT_GE(sent, 2 * static_cast<std::size_t>(state().squaresSolved / squaresPerSheet));
                 if (turn % 2 == 0)
-                    pressKey(window(), Qt::Key_Q);
+                    pressKey(Qt::Key_Q);
                 else
                     menus().aprinting->trigger();
             };
@@ -233,14 +233,14 @@ TEST_F(BatchTest, ThatIsCancelledChangesNothing) {
     printer.dialog = [&] {
         QDialog dialog;
         dialog.open();
-        pressKey(dialog, Qt::Key_Q);
+        QTest::keyClick(&dialog, Qt::Key_Q);
         return accepts;
     };
     makeBatch(7, "3", "2", 4);
     EXPECT_TRUE(printer.document == "Quarvelle 7 by 7" && printer.steps == 0 && printer.told.empty());
     EXPECT_TRUE(state().squareSize == 7 && page().Text1->text() == "4");
     accepts = true;
-    pressKey(window(), Qt::Key_Q);
+    pressKey(Qt::Key_Q);
     print();
     EXPECT_EQ(printer.sheets.size(), 2U) << "no key pressed before the batch or in its dialog stops it";
 }

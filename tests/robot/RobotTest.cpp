@@ -47,7 +47,7 @@ protected:
         };
         events.onWait = [this](int) {
             if (window().isVisible())
-                m_step < m_steps ? step() : pressKey(window(), Qt::Key_Q);
+                m_step < m_steps ? step() : pressKey(Qt::Key_Q);
         };
         printer.dialog = [this] {
             printer.failingStep = 1 + below(60);
@@ -141,10 +141,10 @@ protected:
                                            at(state().square, {state().selectedRow, state().selectedColumn})))
                                      : oneOf(below(3) == 0 ? hostileNumbers : usual);
         m_done += " " + (box->objectName() + " " + text).toStdString();
-        typeText(window(), text);
+        typeText(text);
         const int before = state().numbersCorrect;
         if (box == &answerBox())
-            pressKey(window(), Qt::Key_Enter);
+            pressKey(Qt::Key_Enter);
         expect(!answers || state().numbersCorrect == before + 1, "the right number was refused");
     }
 
@@ -159,7 +159,7 @@ protected:
         if (key == Qt::Key_Q && below(10) != 0)
             return;
         const QString name = QKeySequence(key).toString();
-        pressKey(window(), key, below(9) == 0 ? Qt::ShiftModifier : Qt::NoModifier,
+        pressKey(key, below(9) == 0 ? Qt::ShiftModifier : Qt::NoModifier,
                  name.size() == 1 ? name : QString());
     }
 

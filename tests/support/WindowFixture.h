@@ -1,12 +1,13 @@
 #pragma once
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QTest>
 #include <gtest/gtest.h>
 
 #include "app/Program.h"
 #include "practice/Titles.h"
 #include "tests/print/FakePrinter.h"
-#include "tests/support/Keys.h"
 #include "tests/support/Lines.h"
 #include "tests/support/Scripted.h"
 #include "ui/BoardPage.h"
@@ -42,12 +43,28 @@ protected:
     EntryBox& answerBox() { return window().boardPage().answerBox(); }
     std::string title() { return window().windowTitle().toStdString(); }
 
+    /// Presses and releases a key where a person's would go: the open menu, or what has the focus.
+    void pressKey(int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QWidget* receiver = QApplication::activePopupWidget();
+            if (!receiver)
+                receiver = window().focusWidget() ? window().focusWidget() : &window();
+            QKeyEvent event(type, key, modifiers, text);
+            QApplication::sendEvent(receiver, &event);
+        }
+    }
+
+    void typeText(const QString& text) {
+        for (const QChar character : text)
+            pressKey(character.toUpper().unicode(), {}, character);
+    }
+
     /// Replaces a box's text as a person does, with the mouse and then key by key.
     void type(EntryBox* box, const QString& text) {
         QTest::mouseClick(box, Qt::LeftButton);
-        pressKey(window(), Qt::Key_A, Qt::ControlModifier);
-        pressKey(window(), Qt::Key_Delete);
-        typeText(window(), text);
+        pressKey(Qt::Key_A, Qt::ControlModifier);
+        pressKey(Qt::Key_Delete);
+        typeText(text);
     }
 
     void enter(const QString& size, const QString& start, const QString& distance) {
@@ -66,8 +83,8 @@ protected:
 
     void answer(Cell cell, const std::string& text) {
         press(cell);
-        typeText(window(), QString::fromStdString(text));
-        pressKey(window(), Qt::Key_Return);
+        typeText(QString::fromStdString(text));
+        pressKey(Qt::Key_Return);
     }
 
     /// Practises: the player acts each time the run waits, and stops when there is nothing left to do.
@@ -77,7 +94,7 @@ protected:
             if (next < actions.size())
                 actions[next++]();
             else
-                pressKey(window(), Qt::Key_Q);
+                pressKey(Qt::Key_Q);
         };
         click(page().Command4);
         EXPECT_EQ(next, actions.size());

@@ -98,7 +98,7 @@ TEST_F(MainPageTest, StepsTheSizeWithTheArrows) {
                 {"99999", Qt::Key_Down, "99999", 32749}};
     for (const auto& row : rows) {
         type(page().Text2, row.typed);
-        pressKey(window(), row.key);
+        pressKey(row.key);
         EXPECT_EQ(page().Text2->text(), row.shown);
         EXPECT_EQ(state().squareSize, row.size) << row.typed;
     }
@@ -119,10 +119,10 @@ TEST_F(MainPageTest, BoxesEditLikeTextBoxes) {
     EXPECT_EQ(handled, 2) << "a held key counts once when it goes down and once when it comes up";
 
     type(page().text4, "123");
-    pressKey(window(), Qt::Key_Home);
-    typeText(window(), "98");
+    pressKey(Qt::Key_Home);
+    typeText("98");
     EXPECT_EQ(page().text4->text(), "98123");
-    pressKey(window(), Qt::Key_Z, Qt::ControlModifier);
+    pressKey(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_NE(page().text4->text(), "98123");
 
     // Choosing "Paste" with the mouse is an edit without a key.
@@ -152,7 +152,7 @@ TEST_F(MainPageTest, PropertyBoxesExcludeEachOther) {
     click(properties().Check2);
     EXPECT_EQ(state().mainDiagonalsAndLines, 0);
     properties().Command6->setFocus();
-    pressKey(window(), Qt::Key_Return);
+    pressKey(Qt::Key_Return);
     EXPECT_EQ(state().currentPage, Page::main);
     EXPECT_EQ(properties().Check2->isChecked() + state().mainDiagonalsAndLines, 2) << "no line at all";
 
