@@ -58,17 +58,21 @@ TEST(Board, DrawsGridNumbersSignsAndAnswers) {
     }
 }
 
-TEST(Board, CondensesWideNumbers) {
-    Drawing drawing;
-    drawing.drawText(10, 3, "123456789", 21);
-    QImage image(120, 24, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    drawing.replay(painter);
-    painter.end();
-    const QBitmap ink = QBitmap::fromImage(image.createMaskFromColor(QColor(Qt::white).rgb()));
-    const QRect inked = QRegion(ink).boundingRect();
+TEST(Board, CondensesAllItsDigitsAlike) {
+    const auto inkOf = [](const QString& first) {
+        Drawing drawing;
+        drawing.drawText(10, 3, first, 21);
+        drawing.drawText(60, 3, "1", 40);
+        QImage image(120, 24, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        drawing.replay(painter);
+        return image.createMaskFromColor(QColor(Qt::white).rgb());
+    };
+    const QImage wide = inkOf("123456789");
+    const QRect inked = QRegion(QBitmap::fromImage(wide.copy(0, 0, 50, 24))).boundingRect();
     EXPECT_TRUE(inked.left() >= 9 && inked.right() <= 31 && inked.width() > 15) << inked.width();
+    EXPECT_TRUE(wide.copy(50, 0, 50, 24) != inkOf("1").copy(50, 0, 50, 24)) << "digits of two sizes";
 }
 
 } // namespace

@@ -1,12 +1,14 @@
 #include <QBitmap>
 #include <QDir>
 #include <QPainter>
+#include <QPrinter>
 #include <QTemporaryDir>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
 #include "print/PdfFileJob.h"
+#include "print/QueueJob.h"
 #include "print/SheetPainter.h"
 #include "ui/Drawing.h"
 
@@ -67,7 +69,9 @@ QByteArray contents(const QString& path) {
 
 /// No file of this process can grow beyond `bytes` from now on: the disk is full.
 void limitFiles(rlim_t bytes) {
-    const rlimit limit{bytes, RLIM_INFINITY};
+    rlimit limit{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    limit.rlim_cur = std::min(bytes, limit.rlim_max);
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
 }
 
@@ -88,10 +92,22 @@ TEST(PdfFile, IsWholeOrNotThere) {
         EXPECT_TRUE(failure.contains(path) && failure.contains("File too large")) << room;
         EXPECT_EQ(contents(path), whole) << "the earlier file";
     }
-    EXPECT_TRUE(
-        print(folder.filePath("nowhere/b.pdf"), 1).contains("b.pdf could not be written: No such file"));
+    EXPECT_TRUE(PdfFileJob(folder.filePath("nowhere/b.pdf"), {}, "")
+                    .begin()
+                    .contains("b.pdf could not be written: No such file"));
     EXPECT_EQ(print(folder.filePath("none.pdf"), 0), "");
+    {
+        PdfFileJob dropped(folder.filePath("dropped.pdf"), {}, "");
+        const Drawing drawing;
+        EXPECT_EQ(dropped.begin(), "");
+        EXPECT_EQ(dropped.print(Sheet{drawing, {0, 0, 9, 9}, {0, 0, 9, 9}, ""}), "");
+    }
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"a.pdf"});
+}
+
+TEST(QueueJob, ForAPrinterThatIsGoneSaysSo) {
+    QueueJob job(std::make_unique<QPrinter>());
+    EXPECT_TRUE(job.begin().contains("no such printer"));
 }
 
 } // namespace

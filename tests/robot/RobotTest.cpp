@@ -16,12 +16,12 @@ long setting(const char* name, long otherwise) {
 }
 
 /// Does what a person could do, one random step after another, at every page and inside every running
-/// operation, and checks after each step what must always hold. STEPS and SEED in the environment say how
-/// many steps it takes and which; the same seed takes the same steps.
+/// operation, and checks after each step what must always hold. ROBOT_STEPS and ROBOT_SEED in the environment
+/// say how many steps it takes and which; the same seed takes the same steps.
 class Robot : public WindowFixture {
 protected:
-    const long m_steps = setting("STEPS", 100000);
-    const long m_seed = setting("SEED", 1);
+    const long m_steps = setting("ROBOT_STEPS", 100000);
+    const long m_seed = setting("ROBOT_SEED", 1);
     std::mt19937 m_choices{static_cast<unsigned>(m_seed)};
     long m_step = 0;
     std::string m_done;
@@ -51,7 +51,7 @@ protected:
         };
         printer.dialog = [this] {
             printer.failingStep = 1 + below(60);
-            return ++m_seen["batches"] % 4 != 0;
+            return below(4) != 0 && ++m_seen["batches"] != 0;
         };
         for (open(); m_step < m_steps; step())
             if (!window().isVisible())
@@ -205,7 +205,8 @@ protected:
         const std::array score{state().squaresSolved, state().numbersCorrect, state().numbersIncorrect};
         for (std::size_t i = 0; i < score.size() && m_keepsScore; ++i) {
             expect(score[i] >= m_score[i], "the score went down");
-            m_seen["score " + std::to_string(i)] += score[i] > m_score[i];
+            if (score[i] > m_score[i])
+                ++m_seen["score " + std::to_string(i)];
         }
         m_score = score;
         m_keepsScore = state().practising == 1;
@@ -237,13 +238,19 @@ protected:
     }
 
     void checkMarks() {
-        for (const QList<QAction*>& group : {{menus().panswers, menus().ppuzzles, menus().pboth},
-                                             {menus().highlighted, menus().nhighlighted},
-                                             {menus().easy, menus().challenging},
-                                             menus().size->actions()})
-            expect(std::count_if(group.begin(), group.end(), [](auto* item) { return item->isChecked(); }) ==
-                       1,
-                   "not one mark", group.first());
+        const int puzzleMode = state().practising == 1 ? state().savedPuzzleMode : state().puzzleMode;
+        for (const auto& [item, marked] : std::initializer_list<std::pair<QAction*, bool>>{
+                 {menus().panswers, puzzleMode == PuzzleMode::answers},
+                 {menus().ppuzzles, puzzleMode == PuzzleMode::puzzles},
+                 {menus().pboth, puzzleMode == PuzzleMode::both},
+                 {menus().highlighted, state().highlightAnswers == 1},
+                 {menus().nhighlighted, state().highlightAnswers == 0},
+                 {menus().easy, state().difficulty == Difficulty::easy},
+                 {menus().challenging, state().difficulty == Difficulty::challenging}})
+            expect(item->isChecked() == marked, "disagrees with its field", item);
+        const auto sizes = menus().size->actions();
+        expect(std::count_if(sizes.begin(), sizes.end(), [](auto* item) { return item->isChecked(); }) == 1,
+               "not one mark", menus().size);
         for (const PropertyPair& pair : propertyPairs) {
             const QCheckBox* all = properties().*pair.all;
             const int ticked = (properties().*pair.onlyMain)->isChecked() + 2 * all->isChecked();

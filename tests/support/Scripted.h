@@ -35,7 +35,6 @@ public:
     void yield() override { onYield(++m_yields); }
     void wait() override { onWait(++m_waits); }
     int yields() const { return m_yields; }
-    int waits() const { return m_waits; }
 
 private:
     int m_yields = 0;

@@ -97,6 +97,7 @@ protected:
                 pressKey(Qt::Key_Q);
         };
         click(page().Command4);
+        events.onWait = [](int) {};
         EXPECT_EQ(next, actions.size());
         EXPECT_EQ(state().currentPage, Page::main);
     }

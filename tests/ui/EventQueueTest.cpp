@@ -50,7 +50,7 @@ TEST(EventQueue, WaitPaintsWhatWasDrawnWithoutAnotherEvent) {
         events.wait();
     events.yield();
     bool rescued = false;
-    QTimer::singleShot(5000, [&rescued] { rescued = true; });
+    QTimer::singleShot(5000, &surface, [&rescued] { rescued = true; });
     const std::function<void()> changes[] = {[&] { surface.fillRectangle(0, 0, 9, 9, Qt::white); },
                                              [&] { surface.drawText(0, 0, "1", 9); },
                                              [&] { surface.clear(); }};

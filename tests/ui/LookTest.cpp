@@ -16,10 +16,11 @@ TEST_F(LookTest, CaptionsCanBeReadWhole) {
         EXPECT_GE(widgets.size(), least);
         for (auto* widget : widgets) {
             EXPECT_TRUE(widget->captionLayout().fits()) << widget->text().toStdString();
-            const QImage image = widget->grab().toImage();
-            EXPECT_TRUE(widget->text().isEmpty() ||
-                        image.convertToFormat(QImage::Format_Indexed8).colorCount() > 1)
-                << "not drawn";
+            const QString text = widget->text();
+            const QImage whole = widget->grab().toImage();
+            widget->setText("");
+            EXPECT_TRUE(text.isEmpty() || widget->grab().toImage() != whole) << "not drawn";
+            widget->setText(text);
         }
     };
     const std::array<const char*, 3> rows[] = {
@@ -54,15 +55,16 @@ TEST_F(LookTest, TextIsBlackOnTheGivenColoursWhateverTheTheme) {
 TEST_F(LookTest, ButtonsShowWhereTheKeyboardIsAndWhatIsDisabled) {
     for (auto* button : menus().pages->findChildren<QAbstractButton*>()) {
         menus().pages->setCurrentWidget(button->parentWidget());
-        const auto look = [button] { return button->grab().toImage(); };
         button->clearFocus();
-        const QImage plain = look();
+        const QImage plain = button->grab().toImage();
         button->setFocus();
-        EXPECT_TRUE(look() != plain) << button->objectName().toStdString();
-        button->clearFocus();
-        button->setEnabled(false);
-        EXPECT_TRUE(look() != plain || qobject_cast<QCheckBox*>(button));
+        EXPECT_TRUE(button->grab().toImage() != plain) << button->objectName().toStdString();
     }
+    QPushButton* button = page().Command1;
+    menus().pages->setCurrentWidget(button->parentWidget());
+    const QImage plain = button->grab().toImage();
+    button->setEnabled(false);
+    EXPECT_TRUE(button->grab().toImage() != plain);
 }
 
 TEST_F(LookTest, PicturesMarkTheCellsOfTheirProperties) {
