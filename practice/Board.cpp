@@ -83,6 +83,11 @@ void drawNumber(const ProgramState& state, Canvas& canvas, int cellX, int x, int
     canvas.drawText(x, y, QString::fromStdString(numberText(value)), room);
 }
 
+void resetPosition(ProgramState& state) {
+    state.boardLeft = state.boardTop = 8;
+    state.pageColumn = state.pageRow = 1;
+}
+
 bool isInPieces(const ProgramState& state) {
     return state.visibleColumns < state.squareSize || state.visibleRows < state.squareSize;
 }

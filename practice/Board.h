@@ -5,6 +5,9 @@ namespace quarvelle {
 class Canvas;
 struct ProgramState;
 
+/// Puts the board back in the window's corner, at the first piece.
+void resetPosition(ProgramState& state);
+
 /// Whether the board has no room for all columns and rows, so that it shows the square in pieces of at most
 /// `visibleColumns` by `visibleRows` cells.
 bool isInPieces(const ProgramState& state);

@@ -19,12 +19,6 @@ namespace quarvelle {
 
 namespace {
 
-void resetPosition(ProgramState& state) {
-    state.curRow = state.curCol = 1;
-    state.boardLeft = state.boardTop = 8;
-    state.pageColumn = state.pageRow = 1;
-}
-
 QStringList textsOfNumbers(const ProgramState& state) {
     QStringList texts;
     for (int row = 1; row <= state.squareSize; ++row)

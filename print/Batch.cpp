@@ -7,6 +7,7 @@
 #include "engine/EventQueue.h"
 #include "engine/MagicArithmetic.h"
 #include "practice/BlankSelection.h"
+#include "practice/Board.h"
 #include "practice/RunSettings.h"
 #include "print/BatchTitle.h"
 #include "print/Printer.h"
@@ -18,15 +19,6 @@
 #include "ui/PropertiesPage.h"
 
 namespace quarvelle {
-
-namespace {
-
-void resetPosition(ProgramState& state) {
-    state.boardLeft = state.boardTop = 8;
-    state.pageColumn = state.pageRow = 1;
-}
-
-} // namespace
 
 Batch::Batch(MainWindow& window, RandomSource& random, EventQueue& events, Printer& printer)
     : QObject(&window), m_window(window), m_random(random), m_events(events), m_printer(printer) {

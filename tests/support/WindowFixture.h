@@ -7,7 +7,7 @@
 
 #include "app/Program.h"
 #include "practice/Titles.h"
-#include "tests/print/FakePrinter.h"
+#include "tests/support/FakePrinter.h"
 #include "tests/support/Lines.h"
 #include "tests/support/Scripted.h"
 #include "ui/BoardPage.h"
