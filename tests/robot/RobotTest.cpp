@@ -2,14 +2,20 @@
 #include <QKeySequence>
 #include <random>
 
-#include "engine/LineKinds.h"
 #include "engine/MagicArithmetic.h"
-#include "engine/Numbers.h"
-#include "tests/robot/HostileNumbers.h"
 #include "tests/support/WindowFixture.h"
 
 namespace quarvelle::testing {
 namespace {
+
+/// What a person could type into a number box to see what happens.
+const std::vector<QString> hostileNumbers{
+    // clang-format off
+    "1E+308", "-1E+308", "1E-320", "999999999", "-0", "1e", "++1", "0x10", "1.5E+16", "000000000", "1E+999",
+    "1,5", ".", "-", "inf", "nan", "5.5", "-7", "32771", "1E199", "\xD9\xA3", "\xE2\x88\x92" "3", "1E+15",
+    "0.1", "1E-5", "", "103", "99999999", " 13", "7q",
+    // clang-format on
+};
 
 long setting(const char* name, long otherwise) {
     return qEnvironmentVariableIsSet(name) ? qEnvironmentVariable(name).toLong() : otherwise;
@@ -27,34 +33,44 @@ protected:
     std::string m_done;
     bool m_keepsScore = false; ///< practice goes on, and was not started over since the last look
     std::array<int, 3> m_score{};
-    std::map<std::string, long> m_seen; ///< how often what was come across
+    std::set<std::string> m_seen;
 
     int below(int limit) { return static_cast<int>(m_choices() % static_cast<unsigned>(limit)); }
-    template <class Item>
-    Item oneOf(const std::vector<Item>& items) {
-        return items[static_cast<std::size_t>(below(static_cast<int>(items.size())))];
+    template <class Items>
+    auto oneOf(const Items& items) {
+        return *std::next(std::begin(items), below(static_cast<int>(std::size(items))));
     }
     void expect(bool holds, const char* what, const QObject* where = nullptr) {
         EXPECT_TRUE(holds) << "step " << m_step << " (" << m_done << "): " << what << ' '
                            << (where ? where->objectName().toStdString() : "");
     }
 
+    /// A puzzle is there to be answered.
+    bool plays() {
+        return state().practising == 1 && state().stopRequested == Request::playing &&
+               title().starts_with("Number of");
+    }
+    std::array<int, 3> score() {
+        return {state().squaresSolved, state().numbersCorrect, state().numbersIncorrect};
+    }
+
     void run() {
         random = ScriptedRandom({}, static_cast<float>(m_seed));
-        events.onYield = [this](int turn) {
-            if (below(20) == 0)
-                events.onWait(turn);
-        };
-        events.onWait = [this](int) {
+        const auto act = [this] {
             if (window().isVisible())
                 m_step < m_steps ? step() : pressKey(Qt::Key_Q);
         };
+        events.onYield = [this, act](int) {
+            if (below(20) == 0)
+                act();
+        };
+        events.onWait = [this, act](int) {
+            expect(!blanksOf(state()).empty(), "a solved square stays");
+            act();
+        };
         printer.dialog = [this] {
-            printer.failingStep = 1 + below(60);
-            const bool prints = below(4) != 0;
-            if (prints)
-                ++m_seen["batches"];
-            return prints;
+            printer.failingStep = 1 + below(60) % (1 + below(60));
+            return below(4) != 0;
         };
         for (open(); m_step < m_steps; step())
             if (!window().isVisible())
@@ -64,16 +80,13 @@ protected:
     void open() {
         program = std::make_unique<Program>(random, events, &printer);
         QObject::connect(menus().startover, &QAction::triggered, [this] { m_keepsScore = false; });
+        printer.steps = printer.failuresTold = 0;
         m_keepsScore = false;
         window().show();
     }
 
     void step() {
-        const struct {
-            int weight;
-            const char* name;
-            void (Robot::*act)();
-        } actions[] = {
+        const std::tuple<int, const char*, void (Robot::*)()> actions[] = {
             {30, "click", &Robot::clickControl},  {15, "button", &Robot::clickButton},
             {30, "cell", &Robot::pressCell},      {60, "text", &Robot::enterText},
             {20, "key", &Robot::pressAnyKey},     {3, "paste", &Robot::paste},
@@ -83,10 +96,10 @@ protected:
         ++m_step;
         int drawn = below(173);
         const auto* action = actions;
-        while ((drawn -= action->weight) >= 0)
+        while ((drawn -= std::get<int>(*action)) >= 0)
             ++action;
-        m_done = action->name;
-        (this->*action->act)();
+        m_done = std::get<1>(*action);
+        (this->*std::get<2>(*action))();
         if (below(3000) == 0) {
             m_done = "close";
             window().close();
@@ -122,14 +135,29 @@ protected:
     void pressCell() {
         if (!window().boardPage().isVisible())
             return;
+        const int width = static_cast<int>(state().cellWidth);
+        const auto boxOf = [width](Cell cell) {
+            return QRect(width * cell.first + 8 - width, 18 * cell.second - 10, width + 1, 18);
+        };
         const auto blanks = blanksOf(state());
+        QPoint point(below(900), below(700));
         if (!blanks.empty() && below(8) != 0)
-            press(*std::next(blanks.begin(), below(static_cast<int>(blanks.size()))));
-        else
-            QTest::mouseClick(&window().boardPage(), Qt::LeftButton, {}, {below(900), below(700)});
+            point = boxOf(oneOf(blanks)).topLeft() + QPoint(below(width), below(18));
+        const Cell cell(std::floor((point.x() - 8.0) / width) + 1, std::floor((point.y() - 8.0) / 18) + 1);
+        QRect place = answerBox().geometry();
+        QString text = answerBox().text();
+        bool isOpen = answerBox().isVisible();
+        if (plays() && blanks.count(cell) != 0 && !(isOpen && place == boxOf(cell))) {
+            place = boxOf(cell);
+            text = "";
+            isOpen = true;
+        }
+        QTest::mouseClick(&window().boardPage(), Qt::LeftButton, {}, point);
+        expect(answerBox().geometry() == place && answerBox().text() == text &&
+                   answerBox().isVisible() == isOpen && answerBox().isEnabled() == isOpen,
+               "an answer is asked for where it shouldn't be, or the other way round");
     }
 
-    /// Replaces what a box holds; in the answer's box mostly by the right answer.
     void enterText() {
         static const std::vector<QString> usual{"5", "5",   "7",   "11", "13",  "29",     "101",
                                                 "1", "-24", "0.5", "3",  "100", "1000000"};
@@ -137,18 +165,35 @@ protected:
         if (boxes.empty() || QApplication::activePopupWidget())
             return;
         auto* box = static_cast<EntryBox*>(oneOf(boxes));
+        m_done += " " + box->objectName().toStdString();
         box->setFocus();
         box->selectAll();
-        const bool answers = box == &answerBox() && below(4) != 0;
-        const QString text = answers ? QString::fromStdString(numberText(
-                                           at(state().square, {state().selectedRow, state().selectedColumn})))
-                                     : oneOf(below(3) == 0 ? hostileNumbers : usual);
-        m_done += " " + (box->objectName() + " " + text).toStdString();
-        typeText(text);
-        const int before = state().numbersCorrect;
         if (box == &answerBox())
-            pressKey(Qt::Key_Enter);
-        expect(!answers || state().numbersCorrect == before + 1, "the right number was refused");
+            answerCell();
+        else
+            typeText(oneOf(below(3) == 0 ? hostileNumbers : usual));
+    }
+
+    /// Mostly with the right number.
+    void answerCell() {
+        const auto answer = numberText(at(state().square, {state().selectedRow, state().selectedColumn}));
+        const auto right = QString::fromStdString(answer);
+        typeText(below(4) == 0 ? oneOf(hostileNumbers) : right);
+        const QString typed = answerBox().text();
+        expect(typed != right || answerBox().cursorPositionAt({0, 9}) == 0, "an answer can't be read whole");
+        auto expected = score();
+        int remaining = state().remainingBlanks;
+        const double number = leadingNumber(typed.toStdString());
+        const bool isRight = numberText(number) == answer;
+        ++expected[isRight ? 1 : 2];
+        if (isRight)
+            --remaining;
+        else if (number == 0 && typed != "0")
+            --expected[2];
+        pressKey(below(2) == 0 ? Qt::Key_Enter : Qt::Key_Return);
+        expect(score() == expected && state().remainingBlanks == remaining, "the score is wrong");
+        expect(!isRight || window().isMaximized(), "a new score is not presented");
+        expect(answerBox().text().isEmpty() && answerBox().isVisible() != isRight, "the box is wrong");
     }
 
     void pressAnyKey() {
@@ -187,6 +232,9 @@ protected:
             return;
         m_done += " " + item->objectName().toStdString();
         item->trigger();
+        expect((item != menus().qplaying && item != menus().aprinting) ||
+                   state().stopRequested == Request::stop,
+               "doesn't stop");
     }
 
     void openMenu() {
@@ -205,24 +253,23 @@ protected:
         checkMarks();
         checkReadouts();
         checkBoard();
-        const std::array score{state().squaresSolved, state().numbersCorrect, state().numbersIncorrect};
-        for (std::size_t i = 0; i < score.size() && m_keepsScore; ++i) {
-            expect(score[i] >= m_score[i], "the score went down");
-            if (score[i] > m_score[i])
-                ++m_seen["score " + std::to_string(i)];
+        for (std::size_t i = 0; i < m_score.size(); ++i) {
+            // A run begins at 0, and an answer can't solve a square before the next look.
+            expect(score()[i] >= m_score[i] || !m_keepsScore, "the score went down");
+            expect(m_keepsScore || state().practising == 0 || score()[i] <= (i == 0 ? 0 : 1), "an old score");
+            if (score()[i] > m_score[i])
+                m_seen.insert("score " + std::to_string(i));
         }
-        m_score = score;
+        m_score = score();
         m_keepsScore = state().practising == 1;
         expect(window().findChildren<QObject*>().size() < 400, "objects pile up");
-        if (!printer.told.empty())
-            ++m_seen["steps after a failure was told"];
     }
 
     void checkPage() {
         const int current = state().currentPage;
         const bool running = current == Page::board;
         const bool practising = state().practising == 1;
-        ++m_seen["page " + std::to_string(current)];
+        m_seen.insert("page " + std::to_string(current));
         QWidget* const pages[] = {&window().mainPage(), &window().boardPage(), &window().informationPage(),
                                   &window().propertiesPage()};
         for (int other = 0; other < 4; ++other)
@@ -240,6 +287,11 @@ protected:
         expect(running || !practising, "practice on another page");
         expect(running || menus().chooseproperties->isEnabled() == (current == Page::main),
                "is enabled or not", menus().chooseproperties);
+        if (running || printer.steps == 0)
+            return;
+        const bool failed = printer.steps == printer.failingStep;
+        expect(printer.failuresTold == failed && (failed || printer.finished), "a batch ended wrongly");
+        m_seen.insert(failed ? "failed batch" : "batch");
     }
 
     void checkMarks() {
@@ -287,13 +339,26 @@ protected:
     void checkBoard() {
         const Drawing& drawing = window().boardPage().drawing();
         expect(drawing.items().size() < 21000, "the drawing grows");
-        for (const TextAtPoint& text : itemsOf<TextAtPoint>(drawing))
-            expect(!text.text.isEmpty() && std::fabs(leadingNumber(text.text.toStdString())) < emptyMarker,
-                   "a blank is drawn as a number");
-        const bool playing = state().practising == 1 && state().stopRequested == Request::playing &&
-                             title().starts_with("Number of");
-        expect(!playing || static_cast<int>(blanksOf(state()).size()) + 1 == state().remainingBlanks,
-               "blanks on the board and blanks counted differ");
+        if (!plays())
+            return;
+        const auto blanks = blanksOf(state());
+        const std::string n = numberText(state().squareSize);
+        expect(static_cast<int>(blanks.size()) + 1 == state().remainingBlanks, "blanks are miscounted");
+        expect(title() == "Number of (" + n + " by " + n + ") Complete Magic Square(s) solved: " +
+                              numberText(score()[0]) + " / Numbers correct: " + numberText(score()[1]) +
+                              " / Numbers incorrect: " + numberText(score()[2]),
+               "the title disagrees");
+        // A large board has a thousand things to look at.
+        if (below(8) != 0)
+            return;
+        const auto boards = boardsOf(drawing, state());
+        expect(boards.size() == 1 && boards[0].label.text.isEmpty(), "not one board");
+        expect(static_cast<int>(boards[0].numbers.size() + blanks.size()) ==
+                   state().squareSize * state().squareSize,
+               "wrong blanks");
+        for (const auto& [cell, number] : boards[0].numbers)
+            expect(numberText(number) == numberText(at(state().square, cell)) && number < emptyMarker,
+                   "a wrong number is shown");
     }
 };
 
@@ -301,11 +366,56 @@ TEST_F(Robot, FindsNothing) {
     run();
     program.reset();
     EXPECT_TRUE(m_steps < 100000 || m_seen.size() == 9) << "some of it was never seen";
-    for (const auto& [what, times] : m_seen)
-        std::printf("%s: %ld\n", what.c_str(), times);
     const auto* result = ::testing::UnitTest::GetInstance()->current_test_info()->result();
     qApp->setProperty("closingLine",
                       QString("robot: %1 steps, %2 failures\n").arg(m_step).arg(result->total_part_count()));
+}
+
+/// Each number in each box, with random starting numbers and without, goes through practice and a batch of
+/// one.
+TEST_F(WindowFixture, HostileNumbersGoThroughEveryBox) {
+    const std::pair<EntryBox*, const char*> boxes[] = {{page().Text1, "1"},   {page().Text2, "5"},
+                                                       {page().Text3, "100"}, {page().text4, "1"},
+                                                       {page().Text5, "1"},   {page().Text7, "3"}};
+    int turnsBefore = 0;
+    events.onYield = [&](int turn) {
+        // No run of one square takes more passes than a scan for each of its cells.
+        if (turn - turnsBefore > 5 * std::pow(state().squareSize, 4)) {
+            ADD_FAILURE() << "no end in sight";
+            state().stopRequested = Request::stop;
+        }
+    };
+    int practised = 0;
+    std::size_t printed = 0;
+    const auto solvePuzzle = [&] {
+        ++practised;
+        ProgramState solved = state();
+        const auto& [n, start, distance] = std::tie(solved.squareSize, solved.startNumber, solved.distance);
+        solve(solved.puzzle, linesInPlay(solved), magicTotal(n, start, distance));
+        const double largest = std::max(std::fabs(start), std::fabs(lastNumber(n, start, distance)));
+        EXPECT_FALSE(blanksOf(state()).empty());
+        for (const Cell& blank : blanksOf(state()))
+            EXPECT_NEAR(at(solved.puzzle, blank), at(solved.square, blank), 1e-9 * largest);
+    };
+    for (const bool randomStarts : {false, true})
+        for (const auto& [hostileBox, usual] : boxes)
+            for (const QString& number : hostileNumbers) {
+                SCOPED_TRACE((hostileBox->objectName() + ": " + number).toStdString());
+                page().Check1->setChecked(randomStarts);
+                for (const auto& [box, text] : boxes)
+                    type(box, box == hostileBox ? number : QString(text));
+                turnsBefore = events.yields();
+                if (page().Command4->isEnabled())
+                    practise({solvePuzzle});
+                if (page().Text1->number() > 2)
+                    type(page().Text1, "1");
+                turnsBefore = events.yields();
+                printer.sheets.clear();
+                click(page().Command1);
+                printed += printer.sheets.size();
+            }
+    EXPECT_GT(practised, 250);
+    EXPECT_GT(printed, 400U);
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <vector>
 
 #include "print/Printer.h"
 #include "ui/Drawing.h"
@@ -24,28 +23,31 @@ public:
     QString document;
     std::vector<Printed> sheets;
     int steps = 0;
-    std::vector<QString> told;
+    bool finished = false;
+    int failuresTold = 0;
 
     std::unique_ptr<PrintJob> choose(const QString& name) override {
         document = name;
         sheets.clear();
-        told.clear();
-        steps = 0;
+        steps = failuresTold = 0;
+        finished = false;
         return dialog() ? std::make_unique<Job>(*this) : nullptr;
     }
-    void tellFailure(const QString& reason) override { told.push_back(reason); }
+    void tellFailure(const QString& reason) override { failuresTold += reason == "paper jam"; }
 
 private:
     struct Job final : PrintJob {
         explicit Job(FakePrinter& owner) : printer(owner) {}
 
-        QString begin() override { return step(); }
+        QString begin() override { return ++printer.steps == printer.failingStep ? "paper jam" : ""; }
         QString print(const Sheet& it) override {
             printer.sheets.push_back({it.drawing, it.frame, it.content, it.caption.toStdString()});
-            return step();
+            return begin();
         }
-        QString finish() override { return step(); }
-        QString step() const { return ++printer.steps == printer.failingStep ? "paper jam" : ""; }
+        QString finish() override {
+            printer.finished = true;
+            return begin();
+        }
 
         FakePrinter& printer;
     };

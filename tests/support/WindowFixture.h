@@ -3,28 +3,17 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QTest>
-#include <gtest/gtest.h>
 
 #include "app/Program.h"
-#include "practice/Titles.h"
 #include "tests/support/FakePrinter.h"
-#include "tests/support/Lines.h"
 #include "tests/support/Scripted.h"
+#include "tests/support/ShownBoards.h"
 #include "ui/BoardPage.h"
 #include "ui/InformationPage.h"
 #include "ui/MainPage.h"
 #include "ui/PropertiesPage.h"
 
 namespace quarvelle::testing {
-
-template <class Item>
-std::vector<Item> itemsOf(const Drawing& drawing) {
-    std::vector<Item> items;
-    for (const DrawingItem& item : drawing.items())
-        if (const Item* wanted = std::get_if<Item>(&item))
-            items.push_back(*wanted);
-    return items;
-}
 
 /// The whole program on a window of its own, with scripted draws and turns.
 class WindowFixture : public ::testing::Test {

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <map>
+
+#include "engine/Numbers.h"
+#include "tests/support/Lines.h"
+#include "ui/Drawing.h"
+
+namespace quarvelle::testing {
+
+/// A board as a drawing shows it.
+struct ShownBoard {
+    QRect area;
+    TextAtPoint label;                ///< drawn before it and outside of the board before it
+    std::map<Cell, double> numbers{}; ///< by column and row, from 1
+    std::set<Cell> shaded{};
+};
+
+/// The boards of a drawing, in order. A grid line, shade or number that is missing or a pixel out of its
+/// place fails the test.
+inline std::vector<ShownBoard> boardsOf(const Drawing& drawing, const ProgramState& state) {
+    const int width = static_cast<int>(state.cellWidth);
+    std::vector<ShownBoard> boards;
+    std::vector<QRect> missing;
+    TextAtPoint label;
+    for (const DrawingItem& item : drawing.items()) {
+        const auto* filled = std::get_if<FilledRectangle>(&item);
+        const auto* text = std::get_if<TextAtPoint>(&item);
+        if (text && (boards.empty() || !boards.back().area.contains(text->point))) {
+            label = *text;
+        } else if (filled && filled->color == Qt::white) {
+            const QRect area = filled->rectangle;
+            for (int x = area.left(); x <= area.right(); x += width)
+                missing.emplace_back(x, area.top(), 1, area.height());
+            for (int y = area.top(); y <= area.bottom(); y += 18)
+                missing.emplace_back(area.left(), y, area.width(), 1);
+            for (const ShownBoard& other : boards)
+                EXPECT_FALSE(other.area.adjusted(-15, -15, 15, 15).intersects(area));
+            boards.push_back({area, label});
+            label = {};
+        } else if (filled && filled->color == Qt::black) {
+            EXPECT_EQ(std::erase(missing, filled->rectangle), 1U);
+        } else {
+            auto& [area, ignored, numbers, shaded] = boards.back();
+            const QPoint inside = (text ? text->point : filled->rectangle.topLeft()) - area.topLeft();
+            const Cell cell{inside.x() / width + 1, inside.y() / 18 + 1};
+            const QPoint corner = area.topLeft() + QPoint((cell.first - 1) * width, (cell.second - 1) * 18);
+            if (filled) {
+                EXPECT_EQ(filled->rectangle, QRect(corner + QPoint(1, 1), QSize(width - 1, 17)));
+                EXPECT_EQ(filled->color, QColor(192, 192, 192));
+                shaded.insert(cell);
+                continue;
+            }
+            const double number = numbers[cell] = leadingNumber(text->text.toStdString());
+            // Beside negative numbers the others keep room for a sign; so does a shaded answer.
+            const bool signRoom = state.startNumber < 0 && (number >= 0 || shaded.count(cell) != 0);
+            EXPECT_EQ(text->point, corner + QPoint(signRoom ? 5 : 2, 3));
+            EXPECT_EQ(text->text.toStdString(), numberText(number));
+            EXPECT_EQ(text->room, width - (signRoom ? 6 : 3));
+        }
+    }
+    EXPECT_TRUE(missing.empty());
+    return boards;
+}
+
+} // namespace quarvelle::testing
