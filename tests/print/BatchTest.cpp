@@ -19,47 +19,67 @@ protected:
         EXPECT_TRUE(page().Command1->hasFocus() || !page().Command1->isEnabled());
     }
 
-    /// All boards of the sheets whose captions are those of `view`, numbered from 1.
-    std::vector<ShownBoard> boardsIn(const std::string& view) {
-        std::vector<ShownBoard> boards;
-        int number = 0;
-        for (const FakePrinter::Printed& sheet : printer.sheets)
-            if (sheet.caption == view + ", sheet " + numberText(number + 1)) {
-                ++number;
-                for (const ShownBoard& board : boardsOf(sheet.drawing, state()))
-                    boards.push_back(board);
+    /// The squares on the sheets with the caption of a view, their pieces put together.
+    std::vector<ShownBoard> squaresOf(const std::string& view) {
+        const int n = state().squareSize, columns = state().visibleColumns, rows = state().visibleRows;
+        const int across = (n + columns - 1) / columns, pieces = across * ((n + rows - 1) / rows);
+        const int width = static_cast<int>(state().cellWidth);
+        std::vector<ShownBoard> squares;
+        int sheets = 0, piece = 0;
+        for (const FakePrinter::Printed& sheet : printer.sheets) {
+            if (sheet.caption != view + ", sheet " + numberText(sheets + 1))
+                continue;
+            ++sheets;
+            QRect covered;
+            for (const auto& [area, label, numbers, shaded] : boardsOf(sheet.drawing, state())) {
+                const int left = piece % across * columns, top = piece / across * rows;
+                const QSize cells(std::min(columns, n - left), std::min(rows, n - top));
+                EXPECT_EQ(area.size(), QSize(width * cells.width() + 1, 18 * cells.height() + 1));
+                covered |= area;
+                if (pieces > 1) {
+                    EXPECT_EQ(label.text, QString("%1,%2").arg(left / columns + 1).arg(top / rows + 1));
+                    EXPECT_EQ(label.point, QPoint(14 + width * columns, 8));
+                    const double labelWidth = QFontMetricsF(boardFont()).horizontalAdvance(label.text);
+                    EXPECT_GE(sheet.frame.right(), label.point.x() + labelWidth);
+                }
+                if (piece == 0)
+                    squares.push_back({area, label});
+                for (const auto& [cell, number] : numbers)
+                    squares.back().numbers[{cell.first + left, cell.second + top}] = number;
+                for (const Cell& cell : shaded)
+                    squares.back().shaded.emplace(cell.first + left, cell.second + top);
+                piece = (piece + 1) % pieces;
             }
-        return boards;
+            EXPECT_TRUE(QRect(QPoint(8, 8), QPoint(753, 530)).contains(covered));
+            EXPECT_TRUE(sheets > 1 || pieces > 1 || sheet.content == covered);
+        }
+        return squares;
     }
 };
 
 TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
-    const std::pair<std::string, std::vector<std::string>> kinds[] = {
-        {"squares", {"Squares"}}, {"puzzles", {"Puzzles"}}, {"puzzles and answers", {"Puzzles", "Answers"}}};
+    const std::tuple<std::string, std::string, std::string> kinds[] = {
+        {"squares", "Squares", "Squares"},
+        {"puzzles", "Puzzles", "Puzzles"},
+        {"puzzles and answers", "Puzzles", "Answers"}};
     const struct {
         int mode, order;
         const char *start, *distance;
-        int count, sheets;           ///< sheets of each view
-        const char* random = "";     ///< how many random starts are asked for, if any
-        double highestStart = 1;     ///< no number has more digits than the last one of the typed square
-        int columns = 99, rows = 99; ///< of a piece
+        int count;
+        std::size_t sheets;
+        const char* random = "";  ///< how many random starts are asked for, if any
+        double highestStart = -3; ///< no number has more digits than the last one of the typed square
     } rows[] = {
-        {0, 5, "007", "2", 26, 2, "", 7},
-        {1, 7, "1", "1", 13, 2},
-        {2, 5, "-3.5", "0.25", 21, 2, "", -3.5},
-        {2, 11, "-400", "3", 5, 2, "", -400},
-        {2, 29, "1", "1", 1, 1},
-        {0, 5, "4", "1", 40, 2, "0", 5},
-        {2, 5, "4", "1", 40, 2, "1000", 75},
-        {2, 31, "1", "1", 1, 2, "", 1, 31, 29},
-        {2, 23, "1", "20", 2, 4, "", 1, 18, 23},
-        {2, 101, "1", "1", 1, 24, "", 1, 18, 29},
+        {0, 5, "007", "2", 26, 2, "", 7},    {1, 7, "1", "1", 13, 2},        {2, 5, "-3.5", "0.25", 21, 4},
+        {2, 11, "-400", "3", 5, 4},          {2, 29, "1", "1", 1, 2, "", 1}, {0, 5, "4", "1", 40, 2, "0", 5},
+        {2, 5, "4", "1", 40, 4, "1000", 75}, {2, 31, "1", "1", 1, 4, "", 1}, {2, 23, "1", "20", 2, 8, "", 1},
+        {2, 101, "1", "1", 1, 48, "", 1},
     };
     for (QCheckBox* box : window().findChildren<QCheckBox*>())
         box->setChecked(true);
     type(page().Text3, "300");
     for (const auto& row : rows) {
-        const auto& [what, views] = kinds[row.mode];
+        const auto& [what, firstView, lastView] = kinds[row.mode];
         const int n = row.order;
         SCOPED_TRACE(what + " from " + row.start + ", order " + numberText(n));
         std::set<std::string> titles, countdown;
@@ -77,57 +97,33 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
                              " out of " + numberText(row.count) + ' ' + what + " left to print.");
         EXPECT_EQ(titles, countdown);
 
-        const int columns = std::min(row.columns, n), across = (n + columns - 1) / columns;
-        const int rowsDown = std::min(row.rows, n), pieces = across * ((n + rowsDown - 1) / rowsDown);
-        const int width = static_cast<int>(state().cellWidth);
-        const auto first = boardsIn(views.front());
-        const auto last = boardsIn(views.back());
-        EXPECT_EQ(printer.sheets.size(), static_cast<std::size_t>(row.sheets) * views.size());
-        ASSERT_EQ(first.size(), static_cast<std::size_t>(row.count * pieces));
+        const auto first = squaresOf(firstView), last = squaresOf(lastView);
+        EXPECT_EQ(printer.sheets.size(), row.sheets);
+        ASSERT_EQ(first.size(), static_cast<std::size_t>(row.count));
         ASSERT_EQ(first.size(), last.size());
-        QRect covered;
         std::set<double> starts;
-        for (std::size_t board = 0; board < first.size();) {
-            Grid grid{};
-            std::set<double> numbers;
-            int blanks = n * n, shaded = 0;
-            for (int piece = 0; piece < pieces; ++piece, ++board) {
-                const int left = piece % across * columns, top = piece / across * rowsDown;
-                const auto& [area, label, shown, none] = first[board];
-                EXPECT_EQ(area.size(), QSize(width * std::min(columns, n - left) + 1,
-                                             18 * std::min(rowsDown, n - top) + 1));
-                covered |= area;
-                EXPECT_EQ(last[board].area, area);
-                const QString expected = QString("%1,%2").arg(left / columns + 1).arg(top / rowsDown + 1);
-                EXPECT_EQ(label.text, pieces == 1 ? "" : expected);
-                EXPECT_TRUE(pieces == 1 || label.point == QPoint(14 + width * columns, 8));
-                EXPECT_GE(printer.sheets[0].frame.right(),
-                          label.point.x() + QFontMetricsF(boardFont()).horizontalAdvance(label.text));
-                blanks -= static_cast<int>(shown.size());
-                shaded += static_cast<int>(last[board].shaded.size());
-                for (const auto& [cell, number] : last[board].numbers) {
-                    EXPECT_TRUE(shown.count(cell) == 0 || shown.at(cell) == number);
-                    numbers.insert(number);
-                    grid[static_cast<std::size_t>(cell.first + left)]
-                        [static_cast<std::size_t>(cell.second + top)] = number;
-                }
-            }
+        for (std::size_t i = 0; i < first.size(); ++i) {
+            const auto& [area, label, answers, shaded] = last[i];
+            const std::size_t cells = static_cast<std::size_t>(n) * n,
+                              blanks = cells - first[i].numbers.size();
+            EXPECT_EQ(first[i].area, area);
             EXPECT_EQ(blanks > 0, row.mode != PuzzleMode::answers);
-            EXPECT_EQ(shaded, row.mode == PuzzleMode::both ? blanks : 0);
+            EXPECT_EQ(shaded.size(), row.mode == PuzzleMode::both ? blanks : 0);
             if (row.mode == PuzzleMode::puzzles)
                 continue;
-            const double start = *numbers.begin(), distance = std::stod(row.distance);
-            EXPECT_EQ(numbers.size(), static_cast<std::size_t>(n) * n);
-            EXPECT_EQ(*numbers.rbegin(), lastNumber(n, start, distance));
-            for (const Line& line : linesInPlay(*stateOf(n, {1, 1}, 0)))
-                EXPECT_NEAR(std::accumulate(line.begin(), line.end(), 0.0,
-                                            [&](double sum, Cell cell) { return sum + at(grid, cell); }),
-                            magicTotal(n, start, distance), 1e-6);
+            ASSERT_EQ(answers.size(), cells);
+            EXPECT_TRUE(std::includes(answers.begin(), answers.end(), first[i].numbers.begin(),
+                                      first[i].numbers.end()));
+            double start = answers.at({1, 1});
+            for (const auto& [cell, number] : answers)
+                start = std::min(start, number);
             EXPECT_TRUE(start >= std::stod(row.start) && start <= row.highestStart) << start;
             starts.insert(start);
+            for (const Line& line : linesInPlay(*stateOf(n, {1, 1}, 0)))
+                EXPECT_NEAR(std::accumulate(line.begin(), line.end(), 0.0,
+                                            [&](double sum, Cell cell) { return sum + answers.at(cell); }),
+                            magicTotal(n, start, std::stod(row.distance)), 1e-6);
         }
-        EXPECT_TRUE(pieces > 1 || printer.sheets[0].content == covered);
-        EXPECT_TRUE(QRect(QPoint(8, 8), QPoint(753, 530)).contains(covered));
         EXPECT_EQ(starts.size() > 1, page().Check1->isChecked());
     }
 }
@@ -158,23 +154,24 @@ TEST_F(BatchTest, StopsAtAnyTurnWithTheFullSheetsPrinted) {
     }
 }
 
-TEST_F(BatchTest, ThatIsCancelledOrImpossibleChangesNothing) {
-    printer.dialog = [] {
+TEST_F(BatchTest, AsksOnlyWhatCanBePrintedAndStopsOnlyWhenAsked) {
+    bool asked = false;
+    printer.dialog = [&asked] {
+        asked = true;
         QDialog dialog;
         dialog.open();
         QTest::keyClick(&dialog, Qt::Key_Q);
         return true;
     };
-    pressKey(Qt::Key_Q);
-    makeBatch(7, "3", "2", 4);
-    EXPECT_EQ(printer.sheets.size(), 2U) << "no key pressed before the batch or in its dialog stops it";
     for (const auto& [order, start, count] :
          {std::tuple{5, "1", 0}, {5, "1", -3}, {5, "1E+200", 1}, {103, "1", 1}}) {
-        printer.document = "";
         makeBatch(order, start, "1", count);
         emit page().Command1->clicked(); // even if it is disabled
-        EXPECT_EQ(printer.document, "") << order << ' ' << start << ' ' << count;
+        EXPECT_FALSE(asked) << order << ' ' << start << ' ' << count;
     }
+    pressKey(Qt::Key_Q);
+    makeBatch(7, "1", "1", 9);
+    EXPECT_EQ(printer.sheets.size(), 2U);
 }
 
 } // namespace

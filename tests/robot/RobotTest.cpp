@@ -406,7 +406,7 @@ TEST_F(WindowFixture, HostileNumbersGoThroughEveryBox) {
                     type(box, box == hostileBox ? number : QString(text));
                 turnsBefore = events.yields();
                 if (page().Command4->isEnabled())
-                    practise({solvePuzzle});
+                    practise(solvePuzzle);
                 if (page().Text1->number() > 2)
                     type(page().Text1, "1");
                 turnsBefore = events.yields();

@@ -64,30 +64,17 @@ protected:
 
     void click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
 
-    /// A press in the middle of a cell of the board.
-    void press(Cell cell) {
-        const int x = 8 + static_cast<int>((cell.first - 0.5) * state().cellWidth);
-        QTest::mouseClick(&window().boardPage(), Qt::LeftButton, {}, {x, 8 + 18 * cell.second - 9});
-    }
-
-    void answer(Cell cell, const std::string& text) {
-        press(cell);
-        typeText(QString::fromStdString(text));
-        pressKey(Qt::Key_Return);
-    }
-
-    /// Practises: the player acts each time the run waits, and stops when there is nothing left to do.
-    void practise(std::vector<std::function<void()>> actions) {
-        std::size_t next = 0;
-        events.onWait = [&, actions](int) {
-            if (next < actions.size())
-                actions[next++]();
-            else
-                pressKey(Qt::Key_Q);
+    /// Practises until the run waits for the player, who looks and stops it.
+    void practise(const std::function<void()>& look = {}) {
+        int looks = 0;
+        events.onWait = [&](int) {
+            ++looks;
+            if (look)
+                look();
+            pressKey(Qt::Key_Q);
         };
         click(page().Command4);
-        events.onWait = [](int) {};
-        EXPECT_EQ(next, actions.size());
+        EXPECT_TRUE(!look || looks == 1);
         EXPECT_EQ(state().currentPage, Page::main);
     }
 
