@@ -1,4 +1,3 @@
-#include <QDialog>
 #include <QFontMetricsF>
 #include <numeric>
 
@@ -83,7 +82,11 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
         const int n = row.order;
         SCOPED_TRACE(what + " from " + row.start + ", order " + numberText(n));
         std::set<std::string> titles, countdown;
-        events.onYield = [&](int) { titles.insert(title()); };
+        std::set<std::size_t> turns;
+        events.onYield = [&](int) {
+            titles.insert(title());
+            turns.insert(printer.sheets.size());
+        };
         QAction* const modes[] = {menus().panswers, menus().ppuzzles, menus().pboth};
         modes[row.mode]->trigger();
         page().Check1->setChecked(*row.random != '\0');
@@ -99,6 +102,7 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
 
         const auto first = squaresOf(firstView), last = squaresOf(lastView);
         EXPECT_EQ(printer.sheets.size(), row.sheets);
+        EXPECT_EQ(turns.size() * (row.mode == PuzzleMode::both ? 2 : 1), row.sheets) << "a turn a sheet";
         ASSERT_EQ(first.size(), static_cast<std::size_t>(row.count));
         ASSERT_EQ(first.size(), last.size());
         std::set<double> starts;
@@ -126,52 +130,6 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
         }
         EXPECT_EQ(starts.size() > 1, page().Check1->isChecked());
     }
-}
-
-TEST_F(BatchTest, StopsAtAnyTurnWithTheFullSheetsPrinted) {
-    type(page().Text3, "1");
-    // Cells so wide that few squares share a sheet, or that a square comes in two pieces.
-    for (const auto& [order, start, distance, perSheet] :
-         {std::tuple{7, "-99999999", "1", 3.0}, {5, "-9.9E+100", "1E+86", 0.5}}) {
-        const int count = static_cast<int>(2 * perSheet + 1);
-        std::set<std::size_t> seen;
-        int turn = 0;
-        for (int stopping = 1; turn >= stopping - 1; ++stopping) {
-            turn = 0;
-            std::size_t sent = 2 * static_cast<std::size_t>(std::ceil(count / perSheet));
-            events.onYield = [&, squaresPerSheet = perSheet](int) {
-                seen.insert(printer.sheets.size());
-                if (++turn != stopping)
-                    return;
-                sent = printer.sheets.size();
-                EXPECT_GE(sent, 2 * static_cast<std::size_t>(state().squaresSolved / squaresPerSheet));
-                pressKey(Qt::Key_Q);
-            };
-            makeBatch(order, start, distance, count);
-            EXPECT_EQ(printer.sheets.size(), sent) << stopping;
-        }
-        EXPECT_EQ(static_cast<double>(seen.size()), std::ceil(count / perSheet)) << "a turn after each sheet";
-    }
-}
-
-TEST_F(BatchTest, AsksOnlyWhatCanBePrintedAndStopsOnlyWhenAsked) {
-    bool asked = false;
-    printer.dialog = [&asked] {
-        asked = true;
-        QDialog dialog;
-        dialog.open();
-        QTest::keyClick(&dialog, Qt::Key_Q);
-        return true;
-    };
-    for (const auto& [order, start, count] :
-         {std::tuple{5, "1", 0}, {5, "1", -3}, {5, "1E+200", 1}, {103, "1", 1}}) {
-        makeBatch(order, start, "1", count);
-        emit page().Command1->clicked(); // even if it is disabled
-        EXPECT_FALSE(asked) << order << ' ' << start << ' ' << count;
-    }
-    pressKey(Qt::Key_Q);
-    makeBatch(7, "1", "1", 9);
-    EXPECT_EQ(printer.sheets.size(), 2U);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include <QClipboard>
+#include <QDialog>
 #include <QKeySequence>
 #include <random>
 
@@ -32,7 +33,12 @@ protected:
     long m_step = 0;
     std::string m_done;
     bool m_keepsScore = false; ///< practice goes on, and was not started over since the last look
+    bool m_isSolved = false;   ///< by the last answer
     std::array<int, 3> m_score{};
+    std::string m_title;
+    int m_turns = 0;          ///< under this title
+    int m_stops = 0;          ///< turns that left a run asked to stop
+    std::size_t m_sheets = 0; ///< at the last turn
     std::set<std::string> m_seen;
 
     int below(int limit) { return static_cast<int>(m_choices() % static_cast<unsigned>(limit)); }
@@ -61,20 +67,48 @@ protected:
                 m_step < m_steps ? step() : pressKey(Qt::Key_Q);
         };
         events.onYield = [this, act](int) {
+            watchTurn();
             if (below(20) == 0)
                 act();
+            noteRequest();
         };
         events.onWait = [this, act](int) {
+            watchTurn();
             expect(!blanksOf(state()).empty(), "a solved square stays");
             act();
+            noteRequest();
         };
         printer.dialog = [this] {
+            expect(state().printCount > 0 && hasPlayableNumbers(state()), "nothing is to be printed");
+            QDialog dialog;
+            dialog.open();
+            QTest::keyClick(&dialog, Qt::Key_Q);
             printer.failingStep = 1 + below(60) % (1 + below(60));
             return below(4) != 0;
         };
         for (open(); m_step < m_steps; step())
             if (!window().isVisible())
                 open();
+    }
+
+    void watchTurn() {
+        expect(m_stops < 2 && (window().isVisible() || m_stops == 1), "goes on after a stop");
+        if (title() != m_title)
+            m_turns = 0;
+        m_title = title();
+        // No square takes more passes than a scan for each of its cells.
+        if (++m_turns > 5 * std::pow(state().squareSize, 4)) {
+            expect(false, "no end in sight");
+            state().stopRequested = Request::stop;
+        }
+    }
+
+    void noteRequest() {
+        const int request = state().stopRequested;
+        m_stops = request == Request::stop ? m_stops + 1 : 0;
+        m_sheets = printer.sheets.size();
+        if (request == Request::stop || request == Request::abandon)
+            m_seen.insert(title().substr(0, 6) + (window().isVisible() ? numberText(request) : " closed"));
     }
 
     void open() {
@@ -94,6 +128,8 @@ protected:
             {2, "resize", &Robot::resize},        {1, "other event", &Robot::handleEvents},
         };
         ++m_step;
+        if (state().currentPage != Page::board)
+            m_stops = 0;
         int drawn = below(173);
         const auto* action = actions;
         while ((drawn -= std::get<int>(*action)) >= 0)
@@ -193,6 +229,7 @@ protected:
         pressKey(below(2) == 0 ? Qt::Key_Enter : Qt::Key_Return);
         expect(score() == expected && state().remainingBlanks == remaining, "the score is wrong");
         expect(!isRight || window().isMaximized(), "a new score is not presented");
+        m_isSolved = isRight && remaining == 1;
         expect(answerBox().text().isEmpty() && answerBox().isVisible() != isRight, "the box is wrong");
     }
 
@@ -235,9 +272,10 @@ protected:
             return;
         m_done += " " + item->objectName().toStdString();
         item->trigger();
-        expect((item != menus().qplaying && item != menus().aprinting) ||
-                   state().stopRequested == Request::stop,
-               "doesn't stop");
+        const int request = state().stopRequested;
+        expect((item != menus().qplaying && item != menus().aprinting) || request == Request::stop,
+               "goes on");
+        expect(item != menus().newsquare || request == Request::abandon, "goes on with the square");
     }
 
     void openMenu() {
@@ -253,6 +291,8 @@ protected:
 
     void check() {
         checkPage();
+        if (state().currentPage == Page::board)
+            checkTidied();
         checkMarks();
         checkReadouts();
         checkBoard();
@@ -261,8 +301,9 @@ protected:
             expect(score()[i] >= m_score[i] || !m_keepsScore, "the score went down");
             expect(m_keepsScore || state().practising == 0 || score()[i] <= (i == 0 ? 0 : 1), "an old score");
             if (score()[i] > m_score[i])
-                m_seen.insert("score " + std::to_string(i));
+                m_seen.insert("score " + numberText(static_cast<double>(i)));
         }
+        expect(score()[0] <= m_score[0] || state().practising == 0 || m_isSolved, "a dropped square counts");
         m_score = score();
         m_keepsScore = state().practising == 1;
         expect(window().findChildren<QObject*>().size() < 400, "objects pile up");
@@ -286,11 +327,30 @@ protected:
         expect(running || !practising, "practice on another page");
         expect(running || menus().chooseproperties->isEnabled() == (current == Page::main),
                "is enabled or not", menus().chooseproperties);
+        expect(running || title() == "Quarvelle", "keeps a run's title");
         if (running || printer.steps == 0)
             return;
         const bool failed = printer.steps == printer.failingStep;
-        expect(printer.failuresTold == failed && (failed || printer.finished), "a batch ended wrongly");
+        expect(printer.failuresTold == failed && (failed || printer.finished), "ended wrongly");
+        expect(m_stops == 0 || printer.sheets.size() == m_sheets, "printed after a stop");
+        expect(m_stops != 0 || failed || !printer.sheets.empty(), "stopped by an earlier key");
+        printer.steps = 0;
         m_seen.insert(failed ? "failed batch" : "batch");
+    }
+
+    /// What a run has made of the boxes.
+    void checkTidied() {
+        for (const EntryBox* box : {page().Text1, page().Text2, page().Text3, page().text4, page().Text5})
+            expect(box->text().toStdString() == numberText(box->number()), "is not tidied", box);
+        expect(page().Text2->number() == state().squareSize && page().Text5->number() == state().distance &&
+                   page().Text3->number() >= 1 && state().distance > 0,
+               "runs with other numbers than it shows");
+        const double steps = state().startNumber - state().baseStart;
+        expect(page().Check1->isChecked()
+                   ? steps < page().Text7->number() &&
+                         std::fabs(steps - std::round(steps)) <= 1e-9 * (1 + std::fabs(state().baseStart))
+                   : steps == 0,
+               "starts with another number");
     }
 
     void checkMarks() {
@@ -361,7 +421,7 @@ protected:
 TEST_F(Robot, FindsNothing) {
     run();
     program.reset();
-    EXPECT_TRUE(m_steps < 100000 || m_seen.size() == 9) << "some of it was never seen";
+    EXPECT_TRUE(m_steps < 100000 || m_seen.size() == 15) << "some of it was never seen";
     const auto* result = ::testing::UnitTest::GetInstance()->current_test_info()->result();
     qApp->setProperty("closingLine",
                       QString("robot: %1 steps, %2 failures\n").arg(m_step).arg(result->total_part_count()));
@@ -372,14 +432,7 @@ TEST_F(Robot, LetsHostileNumbersThroughEveryBox) {
     const std::pair<EntryBox*, const char*> boxes[] = {{page().Text1, "1"},   {page().Text2, "5"},
                                                        {page().Text3, "100"}, {page().text4, "1"},
                                                        {page().Text5, "1"},   {page().Text7, "3"}};
-    int turnsBefore = 0;
-    events.onYield = [&](int turn) {
-        // No run of one square takes more passes than a scan for each of its cells.
-        if (turn - turnsBefore > 5 * std::pow(state().squareSize, 4)) {
-            ADD_FAILURE() << "no end in sight";
-            state().stopRequested = Request::stop;
-        }
-    };
+    events.onYield = [this](int) { watchTurn(); };
     int practised = 0;
     std::size_t printed = 0;
     for (const bool randomStarts : {false, true})
@@ -389,12 +442,10 @@ TEST_F(Robot, LetsHostileNumbersThroughEveryBox) {
                 page().Check1->setChecked(randomStarts);
                 for (const auto& [box, text] : boxes)
                     type(box, box == hostileBox ? number : QString(text));
-                turnsBefore = events.yields();
                 if (page().Command4->isEnabled())
                     practise([&] { check(), ++practised; });
                 if (page().Text1->number() > 2)
                     type(page().Text1, "1");
-                turnsBefore = events.yields();
                 printer.sheets.clear();
                 click(page().Command1);
                 printed += printer.sheets.size();
