@@ -17,17 +17,13 @@ const std::vector<QString> hostileNumbers{
     // clang-format on
 };
 
-long setting(const char* name, long otherwise) {
-    return qEnvironmentVariableIsSet(name) ? qEnvironmentVariable(name).toLong() : otherwise;
-}
-
 /// Does what a person could do, one random step after another, at every page and inside every running
 /// operation, and checks after each step what must always hold. ROBOT_STEPS and ROBOT_SEED in the environment
 /// say how many steps it takes and which; the same seed takes the same steps.
 class Robot : public Inspector {
 protected:
-    const long m_steps = setting("ROBOT_STEPS", 100000);
-    const long m_seed = setting("ROBOT_SEED", 1);
+    const long m_steps = qEnvironmentVariable("ROBOT_STEPS", "100000").toLong();
+    const long m_seed = qEnvironmentVariable("ROBOT_SEED", "1").toLong();
     std::mt19937 m_choices{static_cast<unsigned>(m_seed)};
 
     int below(int limit) { return static_cast<int>(m_choices() % static_cast<unsigned>(limit)); }
@@ -86,10 +82,8 @@ protected:
             ++action;
         m_done = std::get<1>(*action);
         (this->*std::get<2>(*action))();
-        if (below(3000) == 0) {
-            m_done = "close";
+        if (below(3000) == 0)
             window().close();
-        }
         if (below(8) == 0)
             handleEvents();
         if (window().isVisible())
@@ -269,8 +263,8 @@ TEST_F(Robot, LetsHostileNumbersThroughEveryBox) {
                 page().Check1->setChecked(randomStarts);
                 for (const auto& [box, text] : boxes)
                     type(box, box == hostileBox ? number : QString(text));
-                if (page().Command4->isEnabled())
-                    practise([&] { check(), ++practised; });
+                click(page().Command4);
+                check();
                 if (page().Text1->number() > 2)
                     type(page().Text1, "1");
                 printer.sheets.clear();

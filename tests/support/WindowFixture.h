@@ -5,9 +5,8 @@
 #include <QTest>
 
 #include "app/Program.h"
-#include "tests/support/FakePrinter.h"
+#include "tests/support/PrintedBoards.h"
 #include "tests/support/Scripted.h"
-#include "tests/support/ShownBoards.h"
 #include "ui/BoardPage.h"
 #include "ui/InformationPage.h"
 #include "ui/MainPage.h"
@@ -63,20 +62,6 @@ protected:
     }
 
     void click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
-
-    /// Practises until the run waits for the player, who looks and stops it.
-    void practise(const std::function<void()>& look = {}) {
-        int looks = 0;
-        events.onWait = [&](int) {
-            ++looks;
-            if (look)
-                look();
-            pressKey(Qt::Key_Q);
-        };
-        click(page().Command4);
-        EXPECT_TRUE(!look || looks == 1);
-        EXPECT_EQ(state().currentPage, Page::main);
-    }
 
     ScriptedRandom random;
     ScriptedEvents events;

@@ -162,10 +162,6 @@ TEST_F(MainPageTest, PropertyBoxesExcludeEachOther) {
         click(button);
     EXPECT_EQ(state().mainDiagonalsAndLines, 0);
     EXPECT_EQ(state().allDiagonals, 1);
-    type(page().Text2, "7");
-    practise({[this] { EXPECT_EQ(state().crossLineMode, 0) << "shapes belong to 5 by 5 squares"; }});
-    type(page().Text2, "5");
-    practise({[this] { EXPECT_EQ(state().crossLineMode, 2); }});
 }
 
 } // namespace
