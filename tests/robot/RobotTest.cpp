@@ -158,9 +158,11 @@ protected:
     void answerCell() {
         const auto answer = numberText(at(state().square, {state().selectedRow, state().selectedColumn}));
         const auto right = QString::fromStdString(answer);
-        typeText(below(4) == 0 ? oneOf(hostileNumbers) : right);
+        const bool isMeantRight = below(4) != 0;
+        typeText(isMeantRight ? right : oneOf(hostileNumbers));
         const QString typed = answerBox().text();
-        expect(typed != right || answerBox().cursorPositionAt({0, 9}) == 0, "an answer can't be read whole");
+        expect(!isMeantRight || (typed == right && answerBox().cursorPositionAt({0, 9}) == 0),
+               "an answer can't be read whole");
         auto expected = score();
         int remaining = state().remainingBlanks;
         const double number = leadingNumber(typed.toStdString());
@@ -179,14 +181,12 @@ protected:
 
     void pressAnyKey() {
         static const std::vector<Qt::Key> keys{
-            Qt::Key_0,    Qt::Key_7,      Qt::Key_Minus,     Qt::Key_Plus,   Qt::Key_Period,
-            Qt::Key_E,    Qt::Key_Up,     Qt::Key_Down,      Qt::Key_Up,     Qt::Key_Left,
-            Qt::Key_Home, Qt::Key_Return, Qt::Key_X,         Qt::Key_Q,      Qt::Key_Tab,
-            Qt::Key_F10,  Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Space};
-        const Qt::Key key = oneOf(keys);
+            Qt::Key_0,      Qt::Key_7,         Qt::Key_Minus,  Qt::Key_Plus, Qt::Key_Period,
+            Qt::Key_E,      Qt::Key_Up,        Qt::Key_Down,   Qt::Key_Up,   Qt::Key_Left,
+            Qt::Key_Home,   Qt::Key_Return,    Qt::Key_X,      Qt::Key_Tab,  Qt::Key_F10,
+            Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Space};
         // Most runs are to last a while.
-        if (key == Qt::Key_Q && below(10) != 0)
-            return;
+        const Qt::Key key = below(200) == 0 ? Qt::Key_Q : oneOf(keys);
         const bool isAnswering = answerBox().isVisible();
         const auto before = score();
         const QString name = QKeySequence(key).toString();
