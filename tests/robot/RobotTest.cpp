@@ -161,6 +161,7 @@ protected:
         const bool isMeantRight = below(4) != 0;
         typeText(isMeantRight ? right : oneOf(hostileNumbers));
         const QString typed = answerBox().text();
+        answerBox().repaint(); // which scrolls it
         expect(!isMeantRight || (typed == right && answerBox().cursorPositionAt({0, 9}) == 0),
                "an answer can't be read whole");
         auto expected = score();
