@@ -1,0 +1,141 @@
+#include <QAbstractEventDispatcher>
+#include <QSignalSpy>
+#include <QTimer>
+
+#include "tests/support/WindowFixture.h"
+#include "ui/QtEventQueue.h"
+
+namespace quarvelle::testing {
+using LookTest = WindowFixture;
+
+TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
+    const std::tuple<const char*, const char*, const char*, const char*, int> rows[] = {
+        {"29.5", "", "-0.5", "Magic Total = -6090 / Last number equals: -420", 1},
+        {"103", "1", "0", "Magic Total = -273053 / Last number equals: -5303", 0},
+        {"101", "-1.94E7", "1804", "Magic Total = -1030159600 / Last number equals: -999200", 1},
+        {"5", "-4.1E9", "170416667", "Magic Total is {very large!} / Last number is {very large!}", 2},
+        {"5", "1E+200", "-", "Magic Total = 5E+200 / Last number equals: 1E+200", 0},
+    };
+    for (const auto& [size, start, distance, readouts, runsOffered] : rows) {
+        enter(size, start, distance);
+        EXPECT_EQ((page().Label11->text() + " / " + page().Label18->text()).toStdString(), readouts);
+        EXPECT_EQ(page().Command4->isEnabled() + page().Command1->isEnabled(), runsOffered) << readouts;
+    }
+    menus().sqr13->trigger();
+    EXPECT_EQ(page().Text2->text(), "13");
+    const char* const steps[][3] = {
+        {"9", "7", "11"}, {"5", "5", "7"}, {"", "", "5"}, {"-1", "-1", "-1"}, {"5.5", "5.5", "5.5"}};
+    for (const auto& [typed, down, up] : steps)
+        for (const auto& [key, shown] : {std::pair{Qt::Key_Down, down}, {Qt::Key_Up, up}}) {
+            type(page().Text2, typed);
+            // A held key counts once.
+            QKeyEvent repeated(QEvent::KeyRelease, key, Qt::NoModifier, "", true);
+            QApplication::sendEvent(page().Text2, &repeated);
+            pressKey(key);
+            EXPECT_EQ(page().Text2->text(), shown) << typed;
+        }
+    // Choosing "Undo" with the mouse is an edit without a key.
+    type(page().text4, "12");
+    page().text4->undo();
+    EXPECT_NE(state().startNumber, 12);
+    QTest::keyPress(page().text4, Qt::Key_5);
+    page().Text5->setFocus();
+    EXPECT_EQ(state().startNumber, page().text4->number()) << "the key comes up in the next box";
+
+    MainWindow other;
+    const QSignalSpy started(&other, &MainWindow::activated);
+    for (int shown = 0; shown < 2; ++shown, other.menus().quit->trigger())
+        other.show();
+    EXPECT_TRUE(other.isHidden() && started.count() == 1) << "only the first showing starts afresh";
+}
+
+TEST_F(WindowFixture, PropertyBoxesExcludeEachOther) {
+    menus().chooseproperties->trigger();
+    for (const PropertyPair& pair : propertyPairs)
+        for (const auto& [clicked, mode] : {std::pair{1, 1}, {2, 2}, {1, 1}, {1, 0}, {2, 2}}) {
+            click(clicked == 1 ? properties().*pair.onlyMain : properties().*pair.all);
+            EXPECT_EQ(state().*pair.mode, mode);
+        }
+    click(properties().Check3);
+    click(properties().Check2);
+    const QImage focused = properties().Check2->grab().toImage();
+    click(properties().Command6);
+    EXPECT_TRUE(properties().Check2->grab().toImage() != focused) << "where is the keyboard?";
+    EXPECT_TRUE(state().mainDiagonalsAndLines == 0 && state().allDiagonals == 1);
+    menus().chooseproperties->trigger();
+    click(properties().Check3);
+    properties().Command6->setFocus();
+    pressKey(Qt::Key_Return);
+    EXPECT_EQ(properties().Check2->isChecked() + state().mainDiagonalsAndLines, 2) << "no line at all";
+}
+
+TEST_F(LookTest, CaptionsAreWholeAndBlackInEveryTheme) {
+    for (const bool wraps : {false, true})
+        EXPECT_FALSE(CaptionLayout("Print how many squares?", page().Label1->font(), {60, 17}, wraps).fits());
+    const auto expectWhole = [](const auto& widgets, int least) {
+        EXPECT_GE(widgets.size(), least);
+        for (auto* widget : widgets) {
+            const QString text = widget->text();
+            EXPECT_TRUE(widget->captionLayout().fits()) << text.toStdString();
+            const QImage whole = widget->grab().toImage();
+            widget->setText("");
+            EXPECT_TRUE(text.isEmpty() || widget->grab().toImage() != whole) << "not drawn";
+            widget->setText(text);
+        }
+    };
+    for (const QPalette& theme : {QPalette(QColor(35, 35, 38)), QApplication::palette()}) {
+        QApplication::setPalette(theme);
+        QCoreApplication::processEvents();
+        for (const char* size : {"5", "7", "11", "13", "29", "31", "89", "97", "101"}) {
+            enter(size, "-0.7", size);
+            expectWhole(window().findChildren<CaptionLabel*>(), 21);
+            expectWhole(window().findChildren<CaptionCheckBox*>(), 11);
+            expectWhole(window().findChildren<CaptionButton*>(), 5);
+        }
+        for (const auto* label : window().findChildren<CaptionLabel*>())
+            EXPECT_EQ(label->palette().windowText(), label == page().Label19 ? Qt::blue : Qt::black);
+        for (const auto* box : window().findChildren<CaptionCheckBox*>())
+            EXPECT_TRUE(box->palette().windowText() == Qt::black && box->palette().base() == Qt::white);
+        EXPECT_EQ(answerBox().palette().text(), Qt::black);
+        EXPECT_GT(answerBox().palette().base().color().lightness(), 200);
+    }
+}
+
+TEST_F(LookTest, SmallScreensScroll) {
+    window().resize(500, 300);
+    menus().client->ensureWidgetVisible(page().Label7);
+    EXPECT_EQ(page().Label7->visibleRegion(), page().Label7->rect());
+    click(page().Command2);
+    EXPECT_TRUE(window().informationPage().visibleRegion().contains(QPoint(0, 0))) << "its top";
+}
+
+TEST(EventQueue, GoesToTheToolkitOnceAnIntervalAndAfterAWait) {
+    QtEventQueue::Clock::time_point time;
+    QtEventQueue events([&time] { return time; });
+    std::string turns(11, '.');
+    for (std::size_t turn = 0; turn < turns.size(); ++turn) {
+        QObject receiver;
+        QTimer::singleShot(0, &receiver, [&] { turns[turn] = 'x', time += events.turnInterval / 4; });
+        turn == 5 ? events.wait() : events.yield();
+        time += events.turnInterval / 4;
+    }
+    EXPECT_EQ(turns, "x...xxx...x") << "the interval counts from the end of a turn";
+}
+
+TEST(DrawingSurface, PaintsEveryChangeSoonAndThenRests) {
+    struct : DrawingSurface {
+        int paints = 0;
+        void paintEvent(QPaintEvent*) override { ++paints; }
+    } surface;
+    const std::function<void()> changes[] = {
+        [&] { surface.show(); }, [&] { surface.fillRectangle(0, 0, 9, 9, Qt::white); },
+        [&] { surface.drawText(0, 0, "1", 9); }, [&] { surface.clear(); }};
+    for (const auto& change : changes) {
+        surface.paints = 0;
+        change();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return surface.paints > 0; }));
+    }
+    EXPECT_TRUE(QAbstractEventDispatcher::instance()->registeredTimers(&surface).isEmpty());
+}
+
+} // namespace quarvelle::testing
