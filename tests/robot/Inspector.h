@@ -36,9 +36,8 @@ protected:
 
     void watchTurn() {
         expect(m_stops < 2 && (window().isVisible() || m_stops == 1), "goes on after a stop");
-        if (title() != m_title)
+        if (title() != std::exchange(m_title, title()))
             m_turns = 0;
-        m_title = title();
         // No square takes more passes than a scan for each of its cells.
         if (++m_turns > 5 * std::pow(state().squareSize, 4)) {
             expect(false, "no end in sight");
@@ -63,8 +62,9 @@ protected:
         checkBoard();
         for (std::size_t i = 0; i < m_score.size(); ++i) {
             // A run begins at 0, and an answer can't solve a square before the next look.
-            expect(score()[i] >= m_score[i] || !m_keepsScore, "the score went down");
-            expect(m_keepsScore || state().practising == 0 || score()[i] <= (i == 0 ? 0 : 1), "an old score");
+            expect(m_keepsScore ? score()[i] >= m_score[i]
+                                : state().practising == 0 || score()[i] <= (i != 0),
+                   "the score goes down, or is an old one");
             if (score()[i] > m_score[i])
                 m_seen.insert("score " + numberText(static_cast<double>(i)));
         }
@@ -80,10 +80,9 @@ protected:
         const bool practising = state().practising == 1;
         m_seen.insert("page " + std::to_string(current));
         expect(menus().pages->currentIndex() == current, "another page is shown");
-        expect(menus().options2->menuAction()->isVisible() == (current == Page::main),
-               "Quit is shown or not");
-        expect(menus().options1->menuAction()->isVisible() == running, "is shown or hidden",
-               menus().options1);
+        expect(menus().options2->menuAction()->isVisible() == (current == Page::main) &&
+                   menus().options1->menuAction()->isVisible() == running,
+               "the first menu is wrong");
         for (QMenu* menu : {menus().printoptions, menus().puzzlemode, menus().size})
             expect(menu->menuAction()->isVisible() != running, "is shown or hidden", menu);
         for (const QAction* item : menus().options1->actions())

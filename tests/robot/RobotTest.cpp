@@ -124,18 +124,15 @@ protected:
         if (!blanks.empty() && below(8) != 0)
             point = boxOf(oneOf(blanks)).topLeft() + QPoint(below(width), below(18));
         const Cell cell(std::floor((point.x() - 8.0) / width) + 1, std::floor((point.y() - 8.0) / 18) + 1);
-        QRect place = answerBox().geometry();
-        QString text = answerBox().text();
-        bool isOpen = answerBox().isVisible();
-        if (plays() && blanks.count(cell) != 0 && !(isOpen && place == boxOf(cell))) {
-            place = boxOf(cell);
-            text = "";
-            isOpen = true;
-        }
+        const auto look = [this] {
+            const EntryBox& box = answerBox();
+            return std::tuple(box.isVisible(), box.isEnabled(), box.geometry(), box.text());
+        };
+        const bool isOpen = answerBox().isVisible() && answerBox().geometry() == boxOf(cell);
+        const bool opens = plays() && blanks.count(cell) != 0 && !isOpen;
+        const auto expected = opens ? std::tuple(true, true, boxOf(cell), QString()) : look();
         QTest::mouseClick(&window().boardPage(), Qt::LeftButton, {}, point);
-        expect(answerBox().geometry() == place && answerBox().text() == text &&
-                   answerBox().isVisible() == isOpen && answerBox().isEnabled() == isOpen,
-               "an answer is asked for where it shouldn't be, or the other way round");
+        expect(look() == expected, "an answer is asked for where it shouldn't be, or the other way round");
     }
 
     void enterText() {
@@ -164,15 +161,12 @@ protected:
         answerBox().repaint(); // which scrolls it
         expect(!isMeantRight || (typed == right && answerBox().cursorPositionAt({0, 9}) == 0),
                "an answer can't be read whole");
-        auto expected = score();
-        int remaining = state().remainingBlanks;
         const double number = leadingNumber(typed.toStdString());
         const bool isRight = numberText(number) == answer;
-        ++expected[isRight ? 1 : 2];
-        if (isRight)
-            --remaining;
-        else if (number == 0 && typed != "0")
-            --expected[2];
+        const int remaining = state().remainingBlanks - isRight;
+        auto expected = score();
+        expected[1] += isRight;
+        expected[2] += !isRight && (number != 0 || typed == "0");
         pressKey(below(2) == 0 ? Qt::Key_Enter : Qt::Key_Return);
         expect(score() == expected && state().remainingBlanks == remaining, "the score is wrong");
         expect(!isRight || window().isMaximized(), "a new score is not presented");
