@@ -6,8 +6,6 @@
 #include "ui/Fonts.h"
 
 namespace quarvelle::testing {
-namespace {
-
 class BatchTest : public WindowFixture {
 protected:
     /// The squares on the sheets with the caption of a view, their pieces put together.
@@ -59,9 +57,9 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
         const char* random = "";  ///< how many random starts are asked for, if any
         double highestStart = -3; ///< no number has more digits than the last one of the typed square
     } rows[] = {
-        {0, 5, "007", "2", 26, 2, "", 7},    {1, 7, "1", "1", 13, 2},        {2, 5, "-3.5", "0.25", 21, 4},
-        {2, 11, "-400", "3", 5, 4},          {2, 29, "1", "1", 1, 2, "", 1}, {0, 5, "4", "1", 40, 2, "0", 5},
-        {2, 5, "4", "1", 40, 4, "1000", 75}, {2, 31, "1", "1", 1, 4, "", 1}, {2, 23, "1", "20", 2, 8, "", 1},
+        {0, 5, "007", "2", 26, 2, "", 7},  {1, 7, "1", "1", 13, 2},        {2, 5, "-3.5", "0.25", 21, 4},
+        {2, 11, "-400", "3", 5, 4},        {2, 29, "1", "1", 1, 2, "", 1}, {0, 5, "4", "1", 40, 2, "0", 5},
+        {2, 5, "4", "1", 40, 4, "71", 73}, {2, 31, "1", "1", 1, 4, "", 1}, {2, 23, "1", "20", 2, 8, "", 1},
         {2, 101, "1", "1", 1, 48, "", 1},
     };
     for (QCheckBox* box : window().findChildren<QCheckBox*>())
@@ -73,6 +71,7 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
         SCOPED_TRACE(what + " from " + row.start + ", order " + numberText(n));
         std::set<std::string> titles, countdown;
         std::set<std::size_t> turns;
+        random = ScriptedRandom({0.999, 0.999}); // the highest start
         events.onYield = [&](int) {
             titles.insert(title());
             turns.insert(printer.sheets.size());
@@ -127,5 +126,4 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
     }
 }
 
-} // namespace
 } // namespace quarvelle::testing

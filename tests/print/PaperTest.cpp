@@ -33,6 +33,17 @@ TEST(Paper, HoldsTheFrameUndistortedCentredAndAsLargeAsItFits) {
     }
 }
 
+TEST(Drawing, CondensesDigitsIntoTheirRoom) {
+    QImage paper(60, 24, QImage::Format_RGB32);
+    paper.fill(Qt::white);
+    QPainter painter(&paper);
+    Drawing drawing;
+    drawing.drawText(10, 3, "123456789", 21);
+    drawing.replay(painter);
+    const QRect inked = boundsOf(paper.createMaskFromColor(qRgb(255, 255, 255)), qRgb(0, 0, 0));
+    EXPECT_TRUE(QRect(9, 0, 23, 24).contains(inked) && inked.width() > 15) << inked.width();
+}
+
 TEST(PrintJob, IsWholeOrNotThereAndSaysWhy) {
     const QTemporaryDir folder;
     const Drawing drawing;
