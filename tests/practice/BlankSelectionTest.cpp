@@ -3,119 +3,140 @@
 #include <gtest/gtest.h>
 
 #include "engine/Construction.h"
-#include "engine/DeductionCheck.h"
-#include "engine/LineKinds.h"
 #include "engine/MagicArithmetic.h"
-#include "engine/Stepping.h"
-#include "tests/support/Lines.h"
+#include "tests/support/Literal.h"
 #include "tests/support/Scripted.h"
 
 namespace quarvelle::testing {
 namespace {
 
-Line lineOf(int kind, Cell through, int n) {
-    Line line;
-    walkLine(kind, through.first, through.second, n, [&](int row, int column) {
-        line.emplace_back(row, column);
-        return true;
-    });
-    return line;
-}
+class BlankSelection : public ::testing::Test {
+protected:
+    std::set<int> m_kindsAtRandom, m_kindsByScan;
+    std::vector<int> m_mostBlanks;
 
-bool isAccepted(ProgramState& state, Cell candidate, int kind) {
-    std::tie(state.anchorRow, state.anchorCol) = candidate;
-    state.lineKind = kind;
-    makeblanks(state);
-    return state.blankAccepted == 1;
-}
-
-/// Everything that must hold of a finished selection. Solves the puzzle.
-void expectSolvable(ProgramState& state, const std::set<Line>& lines) {
-    const int n = state.squareSize;
-    const auto kindAt = [&](const Cell& cell) { return markerKind(at(state.puzzle, cell)); };
-    for (const Cell& cell : lineOf(state.probeKind, {state.probeAnchorRow, state.probeAnchorCol}, n))
-        ASSERT_EQ(kindAt(cell), 0) << "a blank on the root line";
-    const auto blanks = blanksOf(state);
-    ASSERT_EQ(static_cast<int>(blanks.size()), state.placeIndex - 1);
-    ASSERT_TRUE(state.blankCount > 3 ? !blanks.empty() : state.placeIndex == std::ceil(state.blankCount) + 1);
-    for (const Cell& cell : blanks) {
-        const int kind = kindAt(cell);
-        Line line = lineOf(kind, cell, n);
-        const auto ofKind = [&](const Cell& other) { return kindAt(other) == kind; };
-        ASSERT_TRUE(kind > wholeLineKinds || std::count_if(line.begin(), line.end(), ofKind) == 1)
-            << "two blanks through one line";
-        // Order 5 is compared with the literal engine, draw by draw.
-        if (n > 5) {
-            ASSERT_TRUE(isAccepted(state, cell, kind)) << "an order of solving exists";
-            for (const Cell& other : line)
-                ASSERT_FALSE(other != cell && kindAt(other) != 0 && isAccepted(state, other, kind))
-                    << "the two would wait for each other";
-        }
-        std::sort(line.begin(), line.end());
-        ASSERT_EQ(lines.count(line), 1U) << "kind " << kind << " doesn't take part there";
+    /// Selects the blanks and returns all that a handler can see when it gets its turn, and in the end.
+    std::vector<double> watch(ProgramState& s, int seed, bool isLiteral) {
+        ScriptedRandom random({}, static_cast<float>(seed));
+        ScriptedEvents events;
+        std::vector<double> seen;
+        int placed = 0;
+        events.onYield = [&](int) {
+            const std::array fields{random.draws(),   s.placeIndex, s.attemptCount, s.bestBlankCount,
+                                    s.stopRequested,  s.anchorRow,  s.anchorCol,    s.probeAnchorRow,
+                                    s.probeAnchorCol, s.probeKind};
+            seen.insert(seen.end(), fields.begin(), fields.end());
+            for (const auto& flags : {s.lineUsable, s.lineBlankCount, s.lineRejected})
+                seen.insert(seen.end(), flags.begin(), flags.end());
+            // The count of attempts is back at 0 after a scan.
+            if (s.placeIndex > std::exchange(placed, s.placeIndex))
+                (s.attemptCount == 0 ? m_kindsByScan : m_kindsAtRandom)
+                    .insert(markerKind(cellAt(s.puzzle, s.anchorRow, s.anchorCol)));
+        };
+        isLiteral ? Literal(s, random, events).selectBlanks() : selectBlanks(s, random, events);
+        events.yield();
+        return seen;
     }
-    solve(state.puzzle, lines, magicTotal(n, state.startNumber, state.distance));
-    ASSERT_TRUE(std::equal(state.square.begin(), state.square.begin() + n + 1, state.puzzle.begin()))
-        << "it can't be solved one line at a time";
-}
 
-TEST(BlankSelection, EveryPuzzleCanBeSolvedOneLineAtATime) {
-    std::set<int> atRandom, byScan;
-    ScriptedRandom random;
-    const std::tuple<std::array<int, 4>, int, int, int> saturated[] = {
-        {{0, 0, 0, 0}, 0, 8, 10}, {{2, 2, 2, 2}, 0, 11, 16}, {{2, 2, 2, 2}, 1, 15, 16}};
-    for (const int n : {5, 7, 11, 13, 17, 19, 23, 29, 31})
-        for (const Options& options : everyChoice(n == 5)) {
-            if (options.rows == 0 && options.diagonals == 0)
-                continue;
-            const auto state = stateOf(n, options, 0);
-            const auto lines = linesInPlay(*state);
-            for (int round = 0; round < (n == 5 ? 200 : 4); ++round) {
-                state->blankCount = round % 4 == 0 ? 1e308 : 0.5 + round % 15;
-                int placed = 0;
-                ScriptedEvents events;
-                const auto noteKind = [&](int) {
-                    // The count of attempts is back at 0 after a scan.
-                    const int kind = markerKind(cellAt(state->puzzle, state->anchorRow, state->anchorCol));
-                    if (state->placeIndex > placed)
-                        (state->attemptCount == 0 ? byScan : atRandom).insert(kind);
-                    placed = state->placeIndex;
-                };
-                buildCompleteSquare(*state, random, events);
-                events.onYield = noteKind;
+    /// Makes puzzles one after the other in one record, as a run does: some results outlive a selection.
+    /// Every fifth has as many blanks as there may be, which is noted.
+    void play(int n, const Options& options, int puzzles) {
+        const auto state = stateOf(n, options, 0);
+        const auto literal = stateOf(n, options, 0);
+        const auto lines = linesInPlay(*state);
+        ScriptedRandom random;
+        ScriptedEvents events;
+        m_mostBlanks.clear();
+        for (int puzzle = 0; puzzle < puzzles; ++puzzle) {
+            buildCompleteSquare(*state, random, events);
+            state->blankCount = puzzle % 5 == 4 ? 1e308 : (8 - puzzle % 8) * n / 5.0;
+            if (n > 5 || puzzle % 33 == 0) {
+                *literal = *state;
+                ASSERT_TRUE(watch(*state, puzzle, false) == watch(*literal, puzzle, true) &&
+                            state->puzzle == literal->puzzle)
+                    << "not what the literal selection makes";
+            } else {
                 selectBlanks(*state, random, events);
-                noteKind(0);
-                ASSERT_NO_FATAL_FAILURE(expectSolvable(*state, lines)) << "order " << n << ", " << options;
-                for (const auto& [modes, diagonals, fewest, most] : saturated) {
-                    const bool applies = n == 5 && round % 4 == 0 && options.rows == 1 &&
-                                         options.modes == modes && options.diagonals == diagonals;
-                    ASSERT_TRUE(!applies || (placed > fewest && placed <= most + 1)) << options;
-                }
             }
+            if (state->blankCount == 1e308)
+                m_mostBlanks.push_back(state->placeIndex - 1);
+            solve(state->puzzle, lines, magicTotal(n, 1, 1));
+            ASSERT_TRUE(state->puzzle == state->square) << "it can't be solved one line at a time";
         }
-    for (int kind = 1; kind <= lineKindCount; ++kind)
-        EXPECT_TRUE(atRandom.count(kind) == 1 && byScan.count(kind) == 1) << kind;
+        std::sort(m_mostBlanks.begin(), m_mostBlanks.end());
+    }
+};
+
+TEST_F(BlankSelection, IsSolvableLineByLineAndEqualToTheLiteralOne) {
+    for (const int n : {5, 7, 11, 13, 17, 19, 23, 29, 31, 101})
+        for (int m = 0; m < (n == 5 ? 81 : 1); ++m)
+            for (const auto& [rows, diagonals] : {std::pair{1, 0}, {0, 1}, {1, 1}})
+                for (const int difficulty : {Difficulty::easy, Difficulty::challenging}) {
+                    const std::array modes{m % 3, m / 3 % 3, m / 9 % 3, m / 27};
+                    SCOPED_TRACE(::testing::PrintToString(std::tuple(n, rows, diagonals, difficulty, modes)));
+                    play(n, {rows, diagonals, difficulty, modes}, 1 + 5000 / (n * n));
+                }
+    EXPECT_EQ(m_kindsAtRandom.size(), 1 + lineKindCount) << "all, and none for the root";
+    EXPECT_EQ(m_kindsByScan.size(), lineKindCount);
 }
 
-TEST(BlankSelection, FollowsItsDraws) {
-    // A draw of 0.1, 0.3, 0.5, 0.7 or 0.9 names row or column 1 to 5; of 0.1, 0.3, 0.6 or 0.8 a kind 1 to 4.
-    const auto state = stateOf(5, {1, 0}, 3);
-    ScriptedEvents events;
-    ScriptedRandom random({
-        0.1, 0.3, 0.3,           // the root: row 1 through (1, 2)
-        0.5, 0.7, 0.6, 0.1,      // (3, 4) is off the diagonals: kind 3 is drawn over, then its column
-        0.1, 0.9, 0.1,           // (1, 5) lies on the root line
-        0.5, 0.7,                // (3, 4) is blank already
-        0.5, 0.5, 0.1, 0.8, 0.3, // (3, 3): only its row holds a blank, so only the row will do
-        0.9, 0.7, 0.3,           // (5, 4): its row holds none, its column is taken; a row is all there is
-    });
-    selectBlanks(*state, random, events);
-    EXPECT_EQ(random.draws(), 20);
-    EXPECT_EQ(state->attemptCount, 6);
-    Grid expected{};
-    expected[3][4] = 1e200;
-    expected[3][3] = expected[5][4] = 1e201;
-    EXPECT_EQ(state->puzzle, expected);
+TEST_F(BlankSelection, ReachesTheBlanksThatTheMethodCan) {
+    const std::array<int, 4> all{2, 2, 2, 2};
+    const struct {
+        Options options;
+        int fewest;
+        double median;
+        int most;
+    } rows[] = {{{1, 0, 1}, 8, 9.5, 10},      {{1, 0, 3}, 8, 9.5, 10},      {{1, 0, 1, all}, 11, 15, 16},
+                {{1, 0, 3, all}, 11, 14, 16}, {{1, 1, 1, all}, 15, 16, 16}, {{1, 1, 3, all}, 15, 16, 16}};
+    for (const auto& [options, fewest, median, most] : rows) {
+        play(5, options, 1000);
+        // One in thousands has one blank less.
+        EXPECT_GE(m_mostBlanks[1], fewest);
+        EXPECT_NEAR(m_mostBlanks[m_mostBlanks.size() / 2], median, 0.5);
+        EXPECT_LE(m_mostBlanks.back(), most);
+    }
+}
+
+TEST(Puzzle, FollowsItsDrawsAndStopsAtAnyTurn) {
+    // clang-format off
+    const std::vector<double> draws{
+        0.36, 0.64,                               // 1 stands in (3, 5)
+        0.9, 0.6,                                 // the first axis steps two down and one across
+        0.42, 0.08, 0.42, 0.92, 0.25, 0.75, 0.58, // and holds 1, 4, 2, 7, 3, 6, 5: a second 4 is drawn over
+        0.1, 0.6, 0.1, 0.3,                       // that way is taken; the second steps one up and two across
+        0.25, 0.92, 0.08, 0.58, 0.42, 0.75,       // and holds 1, 15, 43, 8, 29, 22, 36
+        0.07, 0.21, 0.3,                          // the root: row 1 through (1, 2)
+        0.36, 0.5, 0.6, 0.1,                      // (3, 4) is off the diagonals: kind 3 is drawn over, then its column
+        0.07, 0.64, 0.1,                          // (1, 5) lies on the root line
+        0.36, 0.5,                                // (3, 4) is blank already
+        0.36, 0.36, 0.1, 0.8, 0.3,                // (3, 3): only its row holds a blank, so only the row will do
+        0.79, 0.5, 0.3,                           // (6, 4): its column is taken; a row is all there is
+    };
+    // clang-format on
+    const std::array<double, 7> expected[] = {
+        {10, 43, 21, 5, 37, 27, 32}, {7, 40, 23, 34, 11, 45, 15}, {30, 13, 1e201, 1e200, 1, 42, 26},
+        {18, 3, 36, 28, 33, 9, 48},  {22, 35, 12, 44, 20, 4, 38}, {47, 16, 6, 1e201, 24, 29, 14},
+        {41, 25, 31, 8, 49, 19, 2}};
+    constexpr int squareTurns = 55;
+    constexpr int turns = squareTurns + 6;
+    for (int stopAt = 1; stopAt <= turns + 1; ++stopAt) {
+        const auto state = stateOf(7, {1, 0}, 3);
+        ScriptedRandom random(draws);
+        ScriptedEvents events;
+        events.onYield = [&](int turn) {
+            if (turn == stopAt)
+                state->stopRequested = Request::stop;
+        };
+        buildCompleteSquare(*state, random, events);
+        EXPECT_EQ(state->puzzle == Grid{}, stopAt <= squareTurns) << "an unfinished square was copied";
+        if (stopAt > squareTurns)
+            selectBlanks(*state, random, events);
+        EXPECT_EQ(events.yields(), std::min(stopAt, turns));
+        for (std::size_t row = 0; row < 7 && stopAt > turns; ++row)
+            EXPECT_TRUE(
+                std::equal(expected[row].begin(), expected[row].end(), state->puzzle[row + 1].begin() + 1));
+    }
 }
 
 } // namespace
