@@ -1,7 +1,6 @@
 #pragma once
 
 #include <algorithm>
-#include <map>
 #include <memory>
 #include <set>
 #include <utility>
@@ -40,43 +39,41 @@ inline std::unique_ptr<ProgramState> stateOf(int n, const Options& options, doub
     return state;
 }
 
-/// The lines that a puzzle may be solved through, by its options alone.
+/// The lines that a puzzle may be solved through, by its options alone, each with its cells in order.
 inline std::set<Line> linesInPlay(const ProgramState& state) {
     const int n = state.squareSize;
-    const bool rows = state.mainDiagonalsAndLines == 1;
-    std::map<Cell, Line> wholeLines; // by sort and number
     std::set<Line> lines;
-    const auto addShapes = [&](Cell centre, int mode, const Line& arms) {
-        const auto onto = [n](int coordinate) { return (coordinate + n - 1) % n + 1; };
-        Line line{centre};
-        bool fits = true;
-        for (const auto& [row, column] : arms) {
-            line.emplace_back(onto(centre.first + row), onto(centre.second + column));
-            fits = fits && line.back() == Cell(centre.first + row, centre.second + column);
+    const auto add = [&](int mode, Cell from, const Line& offsets) {
+        Line line;
+        bool wraps = false;
+        for (const auto& [down, right] : offsets) {
+            const Cell cell(from.first + down, from.second + right);
+            line.emplace_back((cell.first + n - 1) % n + 1, (cell.second + n - 1) % n + 1);
+            wraps = wraps || line.back() != cell;
         }
-        if (mode == PropertyMode::all || (mode == PropertyMode::onlyMain && fits))
+        std::ranges::sort(line);
+        if (mode == PropertyMode::all || (mode == PropertyMode::onlyMain && !wraps))
             lines.insert(line);
     };
+    const int wholeLines = state.mainDiagonalsAndLines * PropertyMode::all;
+    const int diagonals = std::max(state.mainDiagonalsAndLines, state.allDiagonals * PropertyMode::all);
+    const std::tuple<int, int, int> runs[] = {
+        {wholeLines, 1, 0}, {wholeLines, 0, 1}, {diagonals, 1, 1}, {diagonals, -1, 1}};
+    for (const auto& [mode, down, right] : runs) {
+        Line offsets;
+        for (int i = 0; i < n; ++i)
+            offsets.emplace_back(i * down, i * right);
+        for (int i = 1; i <= n; ++i)
+            add(mode, right == 0 ? Cell(1, i) : Cell(i, 1), offsets);
+    }
     for (int row = 1; row <= n; ++row)
         for (int column = 1; column <= n; ++column) {
-            const Cell cell(row, column);
-            const int rising = (row + column) % n;
-            const int falling = (row - column + n) % n;
-            const std::pair<Cell, bool> whole[] = {
-                {{1, row}, rows},
-                {{2, column}, rows},
-                {{3, rising}, state.allDiagonals || (rows && rising == 1)},
-                {{4, falling}, state.allDiagonals || (rows && falling == 0)}};
-            for (const auto& [name, takesPart] : whole)
-                if (takesPart)
-                    wholeLines[name].push_back(cell);
-            addShapes(cell, state.crossDiagonalMode, {{1, 1}, {1, -1}, {-1, 1}, {-1, -1}});
-            addShapes(cell, state.scatteredCrossDiagonalMode, {{2, 2}, {2, -2}, {-2, 2}, {-2, -2}});
-            addShapes(cell, state.crossLineMode, {{1, 0}, {-1, 0}, {0, 1}, {0, -1}});
-            addShapes(cell, state.scatteredCrossLineMode, {{2, 0}, {-2, 0}, {0, 2}, {0, -2}});
+            add(state.crossDiagonalMode, {row, column}, {{0, 0}, {1, 1}, {1, -1}, {-1, 1}, {-1, -1}});
+            add(state.scatteredCrossDiagonalMode, {row, column},
+                {{0, 0}, {2, 2}, {2, -2}, {-2, 2}, {-2, -2}});
+            add(state.crossLineMode, {row, column}, {{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}});
+            add(state.scatteredCrossLineMode, {row, column}, {{0, 0}, {2, 0}, {-2, 0}, {0, 2}, {0, -2}});
         }
-    for (const auto& [name, line] : wholeLines)
-        lines.insert(line);
     return lines;
 }
 
@@ -93,19 +90,14 @@ inline std::set<Cell> blanksOf(const ProgramState& state) {
 /// that blank. Uses only the numbers shown, the Magic Total and the lines in play.
 inline void solve(Grid& puzzle, const std::set<Line>& lines, double total) {
     const auto isOpen = [&puzzle](Cell cell) { return at(puzzle, cell) >= 1e200; };
-    for (bool progress = true; progress;) {
-        progress = false;
-        for (const Line& line : lines) {
-            if (std::count_if(line.begin(), line.end(), isOpen) != 1)
-                continue;
-            double& blank = at(puzzle, *std::find_if(line.begin(), line.end(), isOpen));
-            blank = 0;
-            double rest = total;
-            for (const Cell& cell : line)
-                rest -= at(puzzle, cell);
-            blank = rest;
-            progress = true;
-        }
+    const auto hasOneOpen = [&](const Line& line) { return std::ranges::count_if(line, isOpen) == 1; };
+    for (auto line = lines.begin(); (line = std::ranges::find_if(lines, hasOneOpen)) != lines.end();) {
+        double& blank = at(puzzle, *std::ranges::find_if(*line, isOpen));
+        blank = 0;
+        double rest = total;
+        for (const Cell& cell : *line)
+            rest -= at(puzzle, cell);
+        blank = rest;
     }
 }
 

@@ -34,9 +34,6 @@ private:
     static bool all(const std::array<int, lineKindCount + 1>& flags, int value) {
         return std::count(flags.begin() + 1, flags.end(), value) == lineKindCount;
     }
-    static bool holds(const Line& cells, Cell cell) {
-        return std::find(cells.begin(), cells.end(), cell) != cells.end();
-    }
 
     Cell candidate() const { return {s.anchorRow, s.anchorCol}; }
     double& candidateValue() { return at(s.puzzle, candidate()); }
@@ -62,7 +59,7 @@ private:
     }
 
     bool liesOnRootLine() const {
-        return holds(line(s.probeKind, {s.probeAnchorRow, s.probeAnchorCol}), candidate());
+        return std::ranges::count(line(s.probeKind, {s.probeAnchorRow, s.probeAnchorCol}), candidate()) != 0;
     }
 
     int modeOf(int kind) const {
@@ -79,9 +76,8 @@ private:
         const auto fits = [&, row = row, column = column](Step step) {
             return moved(candidate(), step) == Cell(row + step.row, column + step.column);
         };
-        const auto& offsets = shapeOffsets(kind);
         return modeOf(kind) == PropertyMode::all ||
-               (modeOf(kind) == PropertyMode::onlyMain && std::all_of(offsets.begin(), offsets.end(), fits));
+               (modeOf(kind) == PropertyMode::onlyMain && std::ranges::all_of(shapeOffsets(kind), fits));
     }
 
     /// How many blanks the line holds; -1 when it takes no part or one of them is found through its kind.
@@ -95,27 +91,14 @@ private:
         return blanks;
     }
 
-    /// A line that takes no part counts as turned down where others of its sort do, kind 4 excepted.
-    void rate(int kind) {
-        const int blanks = blanksOn(kind);
-        if (blanks >= 0) {
-            s.lineUsable[kind] = 1;
-            if (blanks >= s.bestBlankCount)
-                s.lineBlankCount[kind] = s.bestBlankCount = blanks;
-        } else if (takesPart(kind) || (kind == 3 && takesPart(4)) || modeOf(kind) != PropertyMode::none) {
-            s.lineRejected[kind] = 1;
-        }
-    }
-
     int chooseKind() {
         int kind = 0;
         do {
             kind = 1 + m_random.below(4);
-            int range = 4;
-            for (const PropertyFamily& family : propertyFamilies) {
-                range += 2;
+            for (int range = 6; const PropertyFamily& family : propertyFamilies) {
                 if (s.*family.mode != PropertyMode::none)
                     kind = 1 + m_random.below(range);
+                range += 2;
             }
             if (kind > 4)
                 kind = (kind - 3) / 2 * 5 + m_random.below(5);
@@ -133,17 +116,22 @@ private:
         s.lineUsable.fill(0);
         s.lineBlankCount.fill(0);
         s.bestBlankCount = 0;
-        for (int kind = 1; kind <= lineKindCount && !isBlank(candidateValue()); ++kind)
-            rate(kind);
+        for (int kind = 1; kind <= lineKindCount && !isBlank(candidateValue()); ++kind) {
+            const int blanks = blanksOn(kind);
+            s.lineUsable[kind] = blanks >= 0;
+            if (blanks >= s.bestBlankCount)
+                s.lineBlankCount[kind] = s.bestBlankCount = blanks;
+            // A line that takes no part counts as turned down where others of its sort do, kind 4 excepted.
+            if (blanks < 0 && (takesPart(kind) || (kind == 3 && takesPart(4)) || modeOf(kind) != 0))
+                s.lineRejected[kind] = 1;
+        }
         if (all(s.lineUsable, 0) || all(s.lineRejected, 1))
             return false;
         const int kind = chooseKind();
         if (s.placeIndex == 0) {
             s.probeKind = kind;
             std::tie(s.probeAnchorRow, s.probeAnchorCol) = candidate();
-        } else if (!liesOnRootLine() && accepts(kind)) {
-            candidateValue() = blankMarker(kind);
-        } else {
+        } else if (!placeThrough(kind)) {
             s.lineRejected[kind] = 1;
             return false;
         }
@@ -158,14 +146,14 @@ private:
             for (const Cell& cell : line(i == 0 ? kind : markerKind(at(s.puzzle, needed[i])), needed[i])) {
                 if (i != 0 && cell == candidate())
                     return false;
-                if (isBlank(at(s.puzzle, cell)) && !holds(needed, cell))
+                if (isBlank(at(s.puzzle, cell)) && std::ranges::count(needed, cell) == 0)
                     needed.push_back(cell);
             }
         return true;
     }
 
     bool placeThrough(int kind) {
-        if (blanksOn(kind) < 0 || !accepts(kind))
+        if (blanksOn(kind) < 0 || liesOnRootLine() || !accepts(kind))
             return false;
         candidateValue() = blankMarker(kind);
         return true;
@@ -173,15 +161,13 @@ private:
 
     /// What a systematic scan tries at the candidate; whether something was placed.
     bool placeAnywhere() {
-        if (liesOnRootLine() || isBlank(candidateValue()))
+        if (isBlank(candidateValue()))
             return false;
-        for (const int kind : {1, 2, 3, 4})
-            if (placeThrough(kind))
-                return true;
-        // Every property has its turn, and the last to place has the cell.
-        for (int first = 5; first <= lineKindCount && (takesPart(3) || takesPart(4)); first += 5)
-            for (int kind = first; kind < first + 5 && !placeThrough(kind);)
-                ++kind;
+        // A whole line has the cell at once; of the properties each has its turn, and the last to place has
+        // it.
+        for (int kind = 1; kind <= lineKindCount; ++kind)
+            if ((kind < 5 || takesPart(3) || takesPart(4)) && placeThrough(kind))
+                kind = kind < 5 ? lineKindCount : kind / 5 * 5 + 4;
         return isBlank(candidateValue());
     }
 
