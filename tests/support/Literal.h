@@ -1,7 +1,6 @@
 #pragma once
 
 #include "engine/EventQueue.h"
-#include "engine/LineKinds.h"
 #include "engine/PropertyShapes.h"
 #include "engine/Random.h"
 #include "tests/support/Lines.h"
@@ -31,10 +30,6 @@ public:
     }
 
 private:
-    static bool all(const std::array<int, lineKindCount + 1>& flags, int value) {
-        return std::count(flags.begin() + 1, flags.end(), value) == lineKindCount;
-    }
-
     Cell candidate() const { return {s.anchorRow, s.anchorCol}; }
     double& candidateValue() { return at(s.puzzle, candidate()); }
     void drawCandidate() {
@@ -56,10 +51,6 @@ private:
         while (std::ssize(cells) < (kind > 4 ? 5 : s.squareSize))
             cells.push_back(moved(cells.back(), wholeLineStep(kind)));
         return cells;
-    }
-
-    bool liesOnRootLine() const {
-        return std::ranges::count(line(s.probeKind, {s.probeAnchorRow, s.probeAnchorCol}), candidate()) != 0;
     }
 
     int modeOf(int kind) const {
@@ -109,7 +100,7 @@ private:
 
     /// One random attempt; whether something was placed.
     bool attempt() {
-        if (all(s.lineRejected, 1))
+        if (std::ranges::count(s.lineRejected, 1) == lineKindCount)
             s.lineRejected.fill(0);
         drawCandidate();
         s.stopRequested = Request::playing;
@@ -125,7 +116,8 @@ private:
             if (blanks < 0 && (takesPart(kind) || (kind == 3 && takesPart(4)) || modeOf(kind) != 0))
                 s.lineRejected[kind] = 1;
         }
-        if (all(s.lineUsable, 0) || all(s.lineRejected, 1))
+        if (std::ranges::count(s.lineUsable, 1) == 0 ||
+            std::ranges::count(s.lineRejected, 1) == lineKindCount)
             return false;
         const int kind = chooseKind();
         if (s.placeIndex == 0) {
@@ -139,8 +131,11 @@ private:
         return true;
     }
 
-    /// Whether no blank that the candidate would need, to be found through `kind`, needs the candidate.
-    bool accepts(int kind) const {
+    /// Places nothing on the root line, nor where a blank that the candidate needs would need the candidate.
+    bool placeThrough(int kind) {
+        const Line root = line(s.probeKind, {s.probeAnchorRow, s.probeAnchorCol});
+        if (blanksOn(kind) < 0 || std::ranges::count(root, candidate()) != 0)
+            return false;
         Line needed{candidate()};
         for (int i = 0; i < std::ssize(needed); ++i)
             for (const Cell& cell : line(i == 0 ? kind : markerKind(at(s.puzzle, needed[i])), needed[i])) {
@@ -149,12 +144,6 @@ private:
                 if (isBlank(at(s.puzzle, cell)) && std::ranges::count(needed, cell) == 0)
                     needed.push_back(cell);
             }
-        return true;
-    }
-
-    bool placeThrough(int kind) {
-        if (blanksOn(kind) < 0 || liesOnRootLine() || !accepts(kind))
-            return false;
         candidateValue() = blankMarker(kind);
         return true;
     }
@@ -163,8 +152,7 @@ private:
     bool placeAnywhere() {
         if (isBlank(candidateValue()))
             return false;
-        // A whole line has the cell at once; of the properties each has its turn, and the last to place has
-        // it.
+        // A whole line has the cell at once; every property has its turn, and the last to place has it.
         for (int kind = 1; kind <= lineKindCount; ++kind)
             if ((kind < 5 || takesPart(3) || takesPart(4)) && placeThrough(kind))
                 kind = kind < 5 ? lineKindCount : kind / 5 * 5 + 4;
