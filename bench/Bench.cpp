@@ -119,7 +119,7 @@ double literalSeconds(const Task& task, float seed, int repeats) {
         SeededRandom random(seed);
         CountingEvents events;
         buildCompleteSquare(*state, random, events);
-        testing::Literal literal(*state, random, events);
+        testing::Literal literal{*state, random, events};
         const auto start = Clock::now();
         literal.selectBlanks();
         best = std::min(best, secondsSince(start));

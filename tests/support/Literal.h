@@ -9,16 +9,16 @@ namespace quarvelle::testing {
 
 /// The selection of blanks with no regard to time: every line is walked cell by cell, every check searches
 /// all that it found. Says what the blanks must be for given draws, and when the draws and turns come.
-class Literal {
-public:
-    Literal(ProgramState& state, RandomSource& random, EventQueue& events)
-        : s(state), m_random(random), m_events(events) {}
+struct Literal {
+    ProgramState& s;
+    RandomSource& random;
+    EventQueue& events;
 
     void selectBlanks() {
         std::fill_n(s.lineRejected.begin() + 1, 4, 0);
         s.placeIndex = s.attemptCount = 0;
         while (s.placeIndex < s.blankCount + 1) {
-            m_events.yield();
+            events.yield();
             if (s.stopRequested == Request::stop)
                 return;
             const bool scanIsDue = ++s.attemptCount > s.squareSize * s.squareSize;
@@ -29,12 +29,11 @@ public:
         }
     }
 
-private:
     Cell candidate() const { return {s.anchorRow, s.anchorCol}; }
     double& candidateValue() { return at(s.puzzle, candidate()); }
     void drawCandidate() {
-        s.anchorRow = 1 + m_random.below(s.squareSize);
-        s.anchorCol = 1 + m_random.below(s.squareSize);
+        s.anchorRow = 1 + random.below(s.squareSize);
+        s.anchorCol = 1 + random.below(s.squareSize);
     }
 
     Cell moved(Cell cell, Step step) const {
@@ -83,19 +82,16 @@ private:
     }
 
     int chooseKind() {
-        int kind = 0;
-        do {
-            kind = 1 + m_random.below(4);
-            for (int range = 6; const PropertyFamily& family : propertyFamilies) {
-                if (s.*family.mode != PropertyMode::none)
-                    kind = 1 + m_random.below(range);
-                range += 2;
-            }
-            if (kind > 4)
-                kind = (kind - 3) / 2 * 5 + m_random.below(5);
-        } while (s.lineUsable[kind] == 0 ||
-                 (s.difficulty == 3 && s.lineBlankCount[kind] != s.bestBlankCount));
-        return kind;
+        int kind = 1 + random.below(4);
+        for (int range = 6; const PropertyFamily& family : propertyFamilies) {
+            if (s.*family.mode != PropertyMode::none)
+                kind = 1 + random.below(range);
+            range += 2;
+        }
+        if (kind > 4)
+            kind = (kind - 3) / 2 * 5 + random.below(5);
+        const bool isBest = s.difficulty < 3 || s.lineBlankCount[kind] == s.bestBlankCount;
+        return s.lineUsable[kind] == 1 && isBest ? kind : chooseKind();
     }
 
     /// One random attempt; whether something was placed.
@@ -169,10 +165,6 @@ private:
         }
         return false;
     }
-
-    ProgramState& s;
-    RandomSource& m_random;
-    EventQueue& m_events;
 };
 
 } // namespace quarvelle::testing
