@@ -30,7 +30,6 @@ struct Literal {
     }
 
     Cell candidate() const { return {s.anchorRow, s.anchorCol}; }
-    double& candidateValue() { return at(s.puzzle, candidate()); }
     void drawCandidate() {
         s.anchorRow = 1 + random.below(s.squareSize);
         s.anchorCol = 1 + random.below(s.squareSize);
@@ -72,9 +71,11 @@ struct Literal {
 
     /// How many blanks the line holds; -1 when it takes no part or one of them is found through its kind.
     int blanksOn(int kind) const {
+        if (!takesPart(kind))
+            return -1;
         int blanks = 0;
         for (const Cell& cell : line(kind, candidate())) {
-            if (!takesPart(kind) || at(s.puzzle, cell) == blankMarker(kind))
+            if (at(s.puzzle, cell) == blankMarker(kind))
                 return -1;
             blanks += isBlank(at(s.puzzle, cell));
         }
@@ -103,7 +104,7 @@ struct Literal {
         s.lineUsable.fill(0);
         s.lineBlankCount.fill(0);
         s.bestBlankCount = 0;
-        for (int kind = 1; kind <= lineKindCount && !isBlank(candidateValue()); ++kind) {
+        for (int kind = 1; kind <= lineKindCount && !isBlank(at(s.puzzle, candidate())); ++kind) {
             const int blanks = blanksOn(kind);
             s.lineUsable[kind] = blanks >= 0;
             if (blanks >= s.bestBlankCount)
@@ -129,8 +130,8 @@ struct Literal {
 
     /// Places nothing on the root line, nor where a blank that the candidate needs would need the candidate.
     bool placeThrough(int kind) {
-        const Line root = line(s.probeKind, {s.probeAnchorRow, s.probeAnchorCol});
-        if (blanksOn(kind) < 0 || std::ranges::count(root, candidate()) != 0)
+        if (blanksOn(kind) < 0 ||
+            std::ranges::count(line(s.probeKind, {s.probeAnchorRow, s.probeAnchorCol}), candidate()) != 0)
             return false;
         Line needed{candidate()};
         for (int i = 0; i < std::ssize(needed); ++i)
@@ -140,19 +141,19 @@ struct Literal {
                 if (isBlank(at(s.puzzle, cell)) && std::ranges::count(needed, cell) == 0)
                     needed.push_back(cell);
             }
-        candidateValue() = blankMarker(kind);
+        at(s.puzzle, candidate()) = blankMarker(kind);
         return true;
     }
 
     /// What a systematic scan tries at the candidate; whether something was placed.
     bool placeAnywhere() {
-        if (isBlank(candidateValue()))
+        if (isBlank(at(s.puzzle, candidate())))
             return false;
         // A whole line has the cell at once; every property has its turn, and the last to place has it.
         for (int kind = 1; kind <= lineKindCount; ++kind)
             if ((kind < 5 || takesPart(3) || takesPart(4)) && placeThrough(kind))
                 kind = kind < 5 ? lineKindCount : kind / 5 * 5 + 4;
-        return isBlank(candidateValue());
+        return isBlank(at(s.puzzle, candidate()));
     }
 
     bool scan() {
