@@ -71,8 +71,7 @@ TEST(PrimeOrder, AcceptsThePrimesFromFive) {
 
 TEST(SquareCount, StatesTheNumbersOfEachSize) {
     const std::pair<int, const char*> rows[] = {
-        {5, "(576 * 25 = 14400)"},
-        {5, "once to produce a second square: (14400 * 2 = 28800)"},
+        {5, "once to produce a second square: (14400 * 2 = 28800).Therefore, there are exactly 28800 "},
         {7, "three more squares: (76204800 * 4 = 304819200)"},
         {13, "6.8832759840768E+17 * 169 = 1.16327364130898E+20)"},
         {97, "exactly 1.11036564183981E+305"},

@@ -122,7 +122,8 @@ TEST_F(Puzzles, HaveAsManyBlanksAsTheMethodReaches) {
     // the fewest, the median, the most
     const std::tuple<Options, int, double, int> rows[] = {
         {{1, 0, 1}, 8, 9.5, 10},      {{1, 0, 3}, 8, 9.5, 10},      {{1, 0, 1, all}, 11, 15, 16},
-        {{1, 0, 3, all}, 11, 14, 16}, {{1, 1, 1, all}, 15, 16, 16}, {{1, 1, 3, all}, 15, 16, 16}};
+        {{1, 0, 3, all}, 11, 14, 16}, {{1, 1, 1, all}, 15, 16, 16}, {{1, 1, 3, all}, 15, 16, 16},
+        {{0, 0}, -1, -1, -1}}; // no root either
     for (const auto& [options, fewest, median, most] : rows) {
         play(5, options, 1600);
         // One in thousands has one blank less.
