@@ -118,8 +118,8 @@ double literalSeconds(const Task& task, float seed, int repeats) {
         const auto state = stateFor(task);
         SeededRandom random(seed);
         CountingEvents events;
-        testing::Literal literal(*state, random, events);
-        literal.buildCompleteSquare();
+        buildCompleteSquare(*state, random, events);
+        testing::Literal literal{*state, random, events};
         const auto start = Clock::now();
         literal.selectBlanks();
         best = std::min(best, secondsSince(start));

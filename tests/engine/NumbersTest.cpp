@@ -2,51 +2,86 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 
+#include "engine/MagicArithmetic.h"
+#include "engine/PrimeOrder.h"
+#include "engine/ProgramState.h"
 #include "engine/Random.h"
+#include "engine/SquareCount.h"
+#include "practice/RunSettings.h"
 
 namespace quarvelle {
 namespace {
 
-TEST(NumberText, FollowsTheRules) {
-    const std::pair<double, const char*> rows[] = {
-        // clang-format off
-        {0, "0"}, {-0.0, "0"}, {0.5, "0.5"}, {-0.25, "-0.25"}, {12209, "12209"}, {0.1 + 0.2, "0.3"},
-        {123456.789, "123456.789"}, {1e-16, "1E-16"}, {1.25e-14, "1.25E-14"}, {1.5e16, "1.5E+16"},
-        {1.0 / 3, "0.333333333333333"}, {0.000123456789012345, "1.23456789012345E-04"},
-        {1e-15, "0.000000000000001"}, {-4.78005276672E+15, "-4.78005276672E+15"},
-        {999999999999999, "999999999999999"}, {999999999999999.9, "1E+15"},
-        {1.11036564183981E+305, "1.11036564183981E+305"}, {1e-320, "9.99988867182683E-321"},
-        // clang-format on
+TEST(Numbers, AreReadFromWhatATextBeginsWithAndWrittenByTheRules) {
+    // clang-format off
+    const std::pair<const char*, const char*> rows[] = {
+        {"-0", "0"}, {"+3", "3"}, {"5.", "5"}, {"abc", "0"}, {"+-3", "0"}, {"1e+", "1"}, {"1,5", "1"},
+        {"0x10", "0"}, {"-inf", "0"}, {"1E+999", "0"}, {"1.2.3", "1.2"}, {"-.25", "-0.25"}, {"\xD9\xA3", "0"},
+        {"", "0"}, {"  \t12ab", "12"}, {"2.5E-1", "0.25"}, {"1e-16", "1E-16"}, {"999999999999999.9", "1E+15"},
+        {"1E305", "1E+305"}, {"1e-15", "0.000000000000001"}, {"-999999999999999", "-999999999999999"},
+        {".33333333333333333", "0.333333333333333"}, {"0.000123456789012345", "1.23456789012345E-04"},
     };
-    for (const auto& [value, text] : rows)
-        EXPECT_EQ(numberText(value), text);
-    for (const double value : {std::numeric_limits<double>::infinity(), std::nan("")})
-        EXPECT_GT(numberText(value).size(), 11U) << "must be too long for every readout";
-}
-
-TEST(LeadingNumber, ReadsWhatATextBeginsWith) {
-    const std::pair<const char*, double> rows[] = {
-        {"", 0},    {"abc", 0},      {"-", 0},           {".", 0},          {"-.", 0},      {"5", 5},
-        {"007", 7}, {"  \t12", 12},  {"+3", 3},          {"-3", -3},        {"+-3", 0},     {"--3", 0},
-        {"++1", 0}, {".5", 0.5},     {"5.", 5},          {"-.5x", -0.5},    {"1e3", 1000},  {"1E+3", 1000},
-        {"1e", 1},  {"1e+", 1},      {"2.5e-1", .25},    {"0x10", 0},       {"inf", 0},     {"-infinity", 0},
-        {"nan", 0}, {"1E+999", 0},   {"-1E+999", 0},     {"1E+308", 1e308}, {"1.2.3", 1.2}, {"1,5", 1},
-        {"1 2", 1}, {"\xD9\xA3", 0}, {"1E-320", 1e-320}, {"000000000", 0},  {"12ab", 12},
-    };
-    for (const auto& [text, value] : rows)
-        EXPECT_EQ(leadingNumber(text), value) << '"' << text << '"';
+    // clang-format on
+    for (const auto& [typed, shown] : rows)
+        EXPECT_EQ(numberText(leadingNumber(typed)), shown) << typed;
+    EXPECT_GT(textLength(HUGE_VAL), 11) << "must be too long for every readout";
 }
 
 TEST(Numbers, SurviveWritingAndReading) {
     SeededRandom random(7);
     for (int round = 0; round < 20000; ++round) {
         const double value = (random.draw() - 0.5) * std::pow(10, random.below(600) - 300);
-        const std::string text = numberText(value);
-        const double read = leadingNumber(text);
-        EXPECT_NEAR(read, value, std::fabs(value) * 1e-14) << text;
-        EXPECT_EQ(numberText(read), text);
+        const double read = leadingNumber(numberText(value));
+        EXPECT_NEAR(read, value, std::fabs(value) * 1e-14);
+        EXPECT_EQ(numberText(read), numberText(value));
+    }
+}
+
+TEST(Numbers, DecideWhatFitsOnTheBoard) {
+    // n, s, d, the width of a cell and how many fit across
+    const std::tuple<std::int16_t, double, double, double, int> rows[] = {
+        {29, 1, 1, 24, 29},        {31, 1, 1, 24, 31},    {5, -500, 58, 32, 5},
+        {5, -500, 100, 40, 5},     {5, -1000, -1, 40, 5}, {29, 1, 1e14, 56, 13},
+        {5, 1e200, -1e199, 72, 5}, {5, 1, 1e199, 64, 5},  {32749, 1, 1, 80, 9}};
+    for (const auto& [n, s, d, cellWidth, columns] : rows) {
+        ProgramState state;
+        state.squareSize = n;
+        state.startNumber = s;
+        state.distance = d;
+        measureBoard(state);
+        SCOPED_TRACE(s);
+        EXPECT_EQ(state.cellWidth, cellWidth);
+        EXPECT_EQ(state.visibleColumns, columns);
+        EXPECT_EQ(state.visibleRows, std::min<int>(n, 29));
+        EXPECT_EQ(boardIsTooLarge(state), columns < n || n > 29);
+        EXPECT_EQ(hasPlayableNumbers(state), std::fabs(d) < 1e199);
+    }
+}
+
+TEST(PrimeOrder, AcceptsThePrimesFromFive) {
+    ProgramState state;
+    int orders = 0;
+    for (int x = -3; x < 32768; ++x)
+        orders += primetest(state, x);
+    EXPECT_EQ(orders, 3512 - 2) << "the primes below 2^15 without 2 and 3";
+    for (const double x : {2.0, 3.0, 5.5, 25.0, 32771.0, 1e308, std::nan("")})
+        EXPECT_FALSE(primetest(state, x)) << x;
+}
+
+TEST(SquareCount, StatesTheNumbersOfEachSize) {
+    const std::pair<int, const char*> rows[] = {
+        {5, "once to produce a second square: (14400 * 2 = 28800).Therefore, there are exactly 28800 "},
+        {7, "three more squares: (76204800 * 4 = 304819200)"},
+        {13, "6.8832759840768E+17 * 169 = 1.16327364130898E+20)"},
+        {97, "exactly 1.11036564183981E+305"},
+        {101, "too large!"},
+    };
+    ProgramState state;
+    for (const auto& [n, text] : rows) {
+        const SquareCount count = squareCount(state, n);
+        const std::string all = count.fundamental + count.shifts + count.rotations + count.total;
+        EXPECT_NE(all.find(text), std::string::npos) << all;
     }
 }
 

@@ -1,9 +1,7 @@
 #pragma once
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
-#include <ostream>
 #include <set>
 #include <utility>
 #include <vector>
@@ -15,8 +13,8 @@ namespace quarvelle::testing {
 using Cell = std::pair<int, int>;
 using Line = std::vector<Cell>;
 
-inline double at(const Grid& grid, Cell cell) {
-    return grid[static_cast<std::size_t>(cell.first)][static_cast<std::size_t>(cell.second)];
+inline auto& at(auto& grid, Cell cell) {
+    return grid[cell.first][cell.second];
 }
 
 /// What takes part in a puzzle.
@@ -26,12 +24,6 @@ struct Options {
     int difficulty = Difficulty::challenging;
     std::array<int, 4> modes{}; ///< in the order of the kinds
 };
-
-inline std::ostream& operator<<(std::ostream& out, const Options& options) {
-    const auto& [rows, diagonals, difficulty, modes] = options;
-    return out << "rows " << rows << ", diagonals " << diagonals << ", difficulty " << difficulty
-               << ", modes " << modes[0] << modes[1] << modes[2] << modes[3];
-}
 
 inline std::unique_ptr<ProgramState> stateOf(int n, const Options& options, double blanks) {
     auto state = std::make_unique<ProgramState>();
@@ -47,58 +39,41 @@ inline std::unique_ptr<ProgramState> stateOf(int n, const Options& options, doub
     return state;
 }
 
-/// Every choice for order 5, or of rows, diagonals and difficulty alone.
-inline std::vector<Options> everyChoice(bool withModes) {
-    std::vector<Options> choices;
-    for (int m = 0; m < (withModes ? 81 : 1); ++m)
-        for (int line = 0; line < 4; ++line)
-            for (const int difficulty : {Difficulty::easy, Difficulty::challenging})
-                choices.push_back({line & 1, line >> 1, difficulty, {m % 3, m / 3 % 3, m / 9 % 3, m / 27}});
-    return choices;
-}
-
-/// The cells at the offsets from a cell, with wrap-around, in order.
-inline Line lineAt(int n, Cell from, const Line& offsets) {
-    const auto onto = [n](int coordinate) { return ((coordinate - 1) % n + n) % n + 1; };
-    Line line;
-    for (const auto& [row, column] : offsets)
-        line.emplace_back(onto(from.first + row), onto(from.second + column));
-    std::sort(line.begin(), line.end());
-    return line;
-}
-
 /// The lines that a puzzle may be solved through, by its options alone, each with its cells in order.
 inline std::set<Line> linesInPlay(const ProgramState& state) {
     const int n = state.squareSize;
     std::set<Line> lines;
-    const auto addWhole = [&](Cell from, int rowStep, int columnStep) {
+    const auto add = [&](int mode, Cell from, const Line& offsets) {
+        Line line;
+        bool wraps = false;
+        for (const auto& [down, right] : offsets) {
+            const Cell cell(from.first + down, from.second + right);
+            line.emplace_back((cell.first + n - 1) % n + 1, (cell.second + n - 1) % n + 1);
+            wraps = wraps || line.back() != cell;
+        }
+        std::ranges::sort(line);
+        if (mode == PropertyMode::all || (mode == PropertyMode::onlyMain && !wraps))
+            lines.insert(line);
+    };
+    const int wholeLines = state.mainDiagonalsAndLines * PropertyMode::all;
+    const int diagonals = std::max(state.mainDiagonalsAndLines, state.allDiagonals * PropertyMode::all);
+    const std::tuple<int, int, int> runs[] = {
+        {wholeLines, 1, 0}, {wholeLines, 0, 1}, {diagonals, 1, 1}, {diagonals, -1, 1}};
+    for (const auto& [mode, down, right] : runs) {
         Line offsets;
         for (int i = 0; i < n; ++i)
-            offsets.emplace_back(i * rowStep, i * columnStep);
-        lines.insert(lineAt(n, from, offsets));
-    };
-    for (int i = 1; i <= n; ++i) {
-        if (state.mainDiagonalsAndLines) {
-            addWhole({1, i}, 1, 0);
-            addWhole({i, 1}, 0, 1);
+            offsets.emplace_back(i * down, i * right);
+        for (int i = 1; i <= n; ++i)
+            add(mode, right == 0 ? Cell(1, i) : Cell(i, 1), offsets);
+    }
+    for (int row = 1; row <= n; ++row)
+        for (int column = 1; column <= n; ++column) {
+            add(state.crossDiagonalMode, {row, column}, {{0, 0}, {1, 1}, {1, -1}, {-1, 1}, {-1, -1}});
+            add(state.scatteredCrossDiagonalMode, {row, column},
+                {{0, 0}, {2, 2}, {2, -2}, {-2, 2}, {-2, -2}});
+            add(state.crossLineMode, {row, column}, {{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}});
+            add(state.scatteredCrossLineMode, {row, column}, {{0, 0}, {2, 0}, {-2, 0}, {0, 2}, {0, -2}});
         }
-        if (state.allDiagonals || (state.mainDiagonalsAndLines && i == 1))
-            addWhole({1, i}, 1, 1);
-        if (state.allDiagonals || (state.mainDiagonalsAndLines && i == n))
-            addWhole({1, i}, 1, -1);
-    }
-    const std::pair<int, Line> properties[] = {
-        {state.crossDiagonalMode, {{0, 0}, {1, 1}, {1, -1}, {-1, 1}, {-1, -1}}},
-        {state.scatteredCrossDiagonalMode, {{0, 0}, {2, 2}, {2, -2}, {-2, 2}, {-2, -2}}},
-        {state.crossLineMode, {{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}}},
-        {state.scatteredCrossLineMode, {{0, 0}, {2, 0}, {-2, 0}, {0, 2}, {0, -2}}},
-    };
-    for (const auto& [mode, shape] : properties) {
-        const int margin = mode == PropertyMode::all ? 0 : shape[1].first;
-        for (int row = 1 + margin; mode != PropertyMode::none && row <= n - margin; ++row)
-            for (int column = 1 + margin; column <= n - margin; ++column)
-                lines.insert(lineAt(n, {row, column}, shape));
-    }
     return lines;
 }
 
@@ -114,24 +89,15 @@ inline std::set<Cell> blanksOf(const ProgramState& state) {
 /// Solves the puzzle the way a person does, as far as that goes: again and again a line with one blank gives
 /// that blank. Uses only the numbers shown, the Magic Total and the lines in play.
 inline void solve(Grid& puzzle, const std::set<Line>& lines, double total) {
-    for (bool progress = true; progress;) {
-        progress = false;
-        for (const Line& line : lines) {
-            double* blank = nullptr;
-            int blanks = 0;
-            double rest = total;
-            for (const auto& [row, column] : line) {
-                double& value = puzzle[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
-                if (value < 1e200)
-                    rest -= value;
-                else if (++blanks == 1)
-                    blank = &value;
-            }
-            if (blanks != 1)
-                continue;
-            *blank = rest;
-            progress = true;
-        }
+    const auto isOpen = [&puzzle](Cell cell) { return at(puzzle, cell) >= 1e200; };
+    const auto hasOneOpen = [&](const Line& line) { return std::ranges::count_if(line, isOpen) == 1; };
+    for (auto line = lines.begin(); (line = std::ranges::find_if(lines, hasOneOpen)) != lines.end();) {
+        double& blank = at(puzzle, *std::ranges::find_if(*line, isOpen));
+        blank = 0;
+        double rest = total;
+        for (const Cell& cell : *line)
+            rest -= at(puzzle, cell);
+        blank = rest;
     }
 }
 

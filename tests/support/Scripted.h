@@ -15,8 +15,7 @@ public:
         : m_script(std::move(script)), m_rest(seed) {}
 
     double draw() override {
-        const auto index = static_cast<std::size_t>(m_draws++);
-        return index < m_script.size() ? m_script[index] : m_rest.draw();
+        return ++m_draws > std::ssize(m_script) ? m_rest.draw() : m_script[m_draws - 1];
     }
     int draws() const { return m_draws; }
 

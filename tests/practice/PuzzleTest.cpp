@@ -1,0 +1,184 @@
+#include <cmath>
+#include <gtest/gtest.h>
+#include <map>
+
+#include "engine/Construction.h"
+#include "engine/MagicArithmetic.h"
+#include "engine/Stepping.h"
+#include "practice/BlankSelection.h"
+#include "tests/support/Literal.h"
+#include "tests/support/Scripted.h"
+
+namespace quarvelle::testing {
+namespace {
+
+class Puzzles : public ::testing::Test {
+protected:
+    ScriptedRandom random;
+    ScriptedEvents events;
+    std::set<std::pair<int, bool>> m_kinds; ///< placed at random, or by the scan
+    std::vector<int> m_mostBlanks;
+
+    /// Selects the blanks and returns all that a handler can see when it gets its turn, and in the end.
+    std::vector<int> watch(ProgramState& s, int seed, bool isLiteral) {
+        ScriptedRandom draws({}, static_cast<float>(seed));
+        ScriptedEvents turns;
+        std::vector<int> seen;
+        int placed = 0;
+        turns.onYield = [&](int) {
+            seen.insert(seen.end(),
+                        {draws.draws(), s.placeIndex, s.attemptCount, s.bestBlankCount, s.stopRequested,
+                         s.anchorRow, s.anchorCol, s.probeAnchorRow, s.probeAnchorCol, s.probeKind});
+            for (const auto& flags : {s.lineUsable, s.lineBlankCount, s.lineRejected})
+                seen.insert(seen.end(), flags.begin(), flags.end());
+            // The count of attempts is back at 0 after a scan.
+            if (s.placeIndex > std::exchange(placed, s.placeIndex))
+                m_kinds.emplace(markerKind(cellAt(s.puzzle, s.anchorRow, s.anchorCol)), s.attemptCount == 0);
+        };
+        isLiteral ? Literal{s, draws, turns}.selectBlanks() : selectBlanks(s, draws, turns);
+        turns.yield();
+        return seen;
+    }
+
+    /// Makes puzzles one after the other in one record, as a run does: some results outlive a selection.
+    /// Every eighth has as many blanks as there may be, which is noted.
+    void play(int n, const Options& options, int puzzles) {
+        const auto state = stateOf(n, options, 0);
+        const auto literal = stateOf(n, options, 0);
+        const auto lines = linesInPlay(*state);
+        m_mostBlanks.clear();
+        for (int puzzle = 0; puzzle < puzzles; ++puzzle) {
+            buildCompleteSquare(*state, random, events);
+            state->blankCount = puzzle % 8 == 1 ? 1e308 : (8 - puzzle % 8) * n / 5.0;
+            if (n > 5 || puzzle % 27 == 0) {
+                *literal = *state;
+                ASSERT_TRUE(watch(*state, puzzle, false) == watch(*literal, puzzle, true) &&
+                            state->puzzle == literal->puzzle);
+            } else {
+                selectBlanks(*state, random, events);
+            }
+            if (state->blankCount == 1e308)
+                m_mostBlanks.push_back(state->placeIndex - 1);
+            solve(state->puzzle, lines, magicTotal(n, 1, 1));
+            ASSERT_TRUE(state->puzzle == state->square) << "it can't be solved one line at a time";
+        }
+        std::ranges::sort(m_mostBlanks);
+    }
+};
+
+TEST_F(Puzzles, HaveCompleteSquaresForEveryOrder) {
+    for (const int n : {5, 7, 11, 13, 17, 19, 23, 29, 31, 101, 103}) {
+        const auto state = stateOf(n, {1, 1}, 0);
+        state->startNumber = -24;
+        state->distance = 0.5;
+        buildCompleteSquare(*state, random, events);
+        std::set<double> numbers;
+        for (const Line& line : linesInPlay(*state)) {
+            double sum = 0;
+            for (const Cell& cell : line)
+                sum += *numbers.insert(at(state->square, cell)).first;
+            ASSERT_EQ(sum, magicTotal(n, -24, 0.5)) << n;
+        }
+        EXPECT_EQ(std::ssize(numbers), n * n);
+        EXPECT_EQ(*numbers.rbegin() - *numbers.begin(), 0.5 * (n * n - 1));
+    }
+}
+
+TEST_F(Puzzles, HaveUniformSquares) {
+    for (const auto& [n, outcomes] : {std::pair{5, 28800}, {7, 49 * 12}, {13, 169 * 12}}) {
+        const auto s = stateOf(n, {}, 0);
+        std::map<std::vector<int>, int> counts;
+        for (int draw = 0; draw < 30 * outcomes; ++draw) {
+            buildCompleteSquare(*s, random, events);
+            // The rows of a square of order 5 follow from the first two.
+            std::vector<int> outcome(s->square[1].begin(), s->square[1].begin() + 6);
+            outcome.insert(outcome.end(), s->square[2].begin(), s->square[2].begin() + 6);
+            if (n > 5)
+                outcome = {s->placedRow[1], s->placedColumn[1], s->firstDirection, s->stepDirection};
+            ++counts[outcome];
+        }
+        EXPECT_EQ(std::ssize(counts), outcomes);
+        double chiSquare = 0;
+        for (const auto& [outcome, count] : counts)
+            chiSquare += (count - 30) * (count - 30) / 30.0;
+        EXPECT_LT(std::fabs(chiSquare - outcomes) / std::sqrt(2 * outcomes), 4) << n;
+    }
+}
+
+TEST_F(Puzzles, AreSolvableLineByLineAndEqualToTheLiteralOnes) {
+    for (const int n : {5, 7, 11, 13, 17, 19, 23, 29, 31, 101})
+        for (int m = 0; m < (n == 5 ? 81 : 1); ++m)
+            for (const auto& [rows, diagonals] : {std::pair{1, 0}, {0, 1}, {1, 1}})
+                for (const int difficulty : {Difficulty::easy, Difficulty::challenging}) {
+                    const std::array modes{m % 3, m / 3 % 3, m / 9 % 3, m / 27};
+                    SCOPED_TRACE(::testing::PrintToString(std::tuple(n, rows, diagonals, difficulty, modes)));
+                    play(n, {rows, diagonals, difficulty, modes}, 1 + 25000 / (n * n * n));
+                }
+    EXPECT_EQ(m_kinds.size(), 2 * lineKindCount + 1) << "every kind in both ways, and none for the root";
+}
+
+TEST_F(Puzzles, HaveAsManyBlanksAsTheMethodReaches) {
+    const std::array<int, 4> all{2, 2, 2, 2};
+    // the fewest, the median, the most
+    const std::tuple<Options, int, double, int> rows[] = {
+        {{1, 0, 1}, 8, 9.5, 10},      {{1, 0, 3}, 8, 9.5, 10},      {{1, 0, 1, all}, 11, 15, 16},
+        {{1, 0, 3, all}, 11, 14, 16}, {{1, 1, 1, all}, 15, 16, 16}, {{1, 1, 3, all}, 15, 16, 16},
+        {{0, 0}, -1, -1, -1}}; // no root either
+    for (const auto& [options, fewest, median, most] : rows) {
+        play(5, options, 1600);
+        // One in thousands has one blank less.
+        EXPECT_GE(m_mostBlanks[1], fewest);
+        EXPECT_NEAR(m_mostBlanks[m_mostBlanks.size() / 2], median, 0.5);
+        EXPECT_LE(m_mostBlanks.back(), most);
+    }
+}
+
+TEST(Puzzle, FollowsItsDrawsAndStopsAtAnyTurn) {
+    const std::vector<double> draws{
+        // 1 stands in (3, 5). The first axis steps two down and one across and holds 1, 4, 2, 7, 3, 6, 5; a
+        // second 4 is drawn over.
+        0.36, 0.64, 0.9, 0.6, 0.42, 0.08, 0.42, 0.92, 0.25, 0.75, 0.58,
+        // That direction is taken: the second steps one up and two across. It holds 1, 15, 43, 8, 29, 22, 36.
+        0.1, 0.6, 0.1, 0.3, 0.25, 0.92, 0.08, 0.58, 0.42, 0.75,
+        // The root is row 1 through (1, 2). (3, 4) is off the diagonals: kind 3 is drawn over, then comes its
+        // column.
+        0.07, 0.21, 0.3, 0.36, 0.5, 0.6, 0.1,
+        // (1, 5) lies on the root line, (3, 4) is blank already. (3, 3): only its row holds a blank, so only
+        // the row will do. (6, 4): its column is taken; a row is all there is.
+        0.07, 0.64, 0.1, 0.36, 0.5, 0.36, 0.36, 0.1, 0.8, 0.3, 0.79, 0.5, 0.3};
+    const std::array<double, 7> rows[] = {{10, 43, 21, 5, 37, 27, 32},       {7, 40, 23, 34, 11, 45, 15},
+                                          {30, 13, 1e201, 1e200, 1, 42, 26}, {18, 3, 36, 28, 33, 9, 48},
+                                          {22, 35, 12, 44, 20, 4, 38},       {47, 16, 6, 1e201, 24, 29, 14},
+                                          {41, 25, 31, 8, 49, 19, 2}};
+    constexpr int squareTurns = 55, turns = 61;
+    for (int stopAt = 1; stopAt <= turns + 1; ++stopAt) {
+        const auto state = stateOf(7, {1, 0}, 3);
+        ScriptedRandom random(draws);
+        ScriptedEvents events;
+        events.onYield = [&](int turn) {
+            if (turn == stopAt)
+                state->stopRequested = Request::stop;
+        };
+        buildCompleteSquare(*state, random, events);
+        EXPECT_EQ(state->puzzle == Grid{}, stopAt <= squareTurns) << "an unfinished square was copied";
+        if (stopAt > squareTurns)
+            selectBlanks(*state, random, events);
+        EXPECT_EQ(events.yields(), std::min(stopAt, turns));
+        for (int row = 0; row < 7 && stopAt > turns; ++row)
+            EXPECT_TRUE(std::equal(rows[row].begin(), rows[row].end(), state->puzzle[row + 1].begin() + 1));
+    }
+}
+
+TEST(LineKinds, HaveAProbeThatExchangesStepsOnSomeArms) {
+    for (int kind = 5; kind <= lineKindCount; ++kind) {
+        ProgramState s;
+        s.probeKind = kind;
+        findline1(s);
+        // Not on the first arm of a cross-diagonal, and nowhere on a cross-line.
+        const Step step = shapeOffsets(kind)[kind < 15 && kind % 5 > 1 ? 2 : 0];
+        EXPECT_EQ(Cell(s.probeRow, s.probeCol), Cell(step.row, step.column)) << kind;
+    }
+}
+
+} // namespace
+} // namespace quarvelle::testing
