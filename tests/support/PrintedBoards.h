@@ -82,14 +82,12 @@ public:
     QString document;
     std::vector<Printed> sheets;
     int steps = 0;
-    bool finished = false;
     int failuresTold = 0;
 
     std::unique_ptr<PrintJob> choose(const QString& name) override {
         document = name;
         sheets.clear();
         steps = failuresTold = 0;
-        finished = false;
         return dialog() ? std::make_unique<Job>(*this) : nullptr;
     }
     void tellFailure(const QString& reason) override { failuresTold += reason == "paper jam"; }
@@ -103,10 +101,7 @@ private:
             printer.sheets.push_back({it.drawing, it.frame, it.content, it.caption.toStdString()});
             return begin();
         }
-        QString finish() override {
-            printer.finished = true;
-            return begin();
-        }
+        QString finish() override { return begin(); }
 
         FakePrinter& printer;
     };
