@@ -29,15 +29,14 @@ private:
 class ScriptedEvents final : public EventQueue {
 public:
     std::function<void(int turn)> onYield = [](int) {};
-    std::function<void(int turn)> onWait = [](int) {};
+    std::function<void()> onWait = [] {};
 
     void yield() override { onYield(++m_yields); }
-    void wait() override { onWait(++m_waits); }
+    void wait() override { onWait(); }
     int yields() const { return m_yields; }
 
 private:
     int m_yields = 0;
-    int m_waits = 0;
 };
 
 } // namespace quarvelle::testing
