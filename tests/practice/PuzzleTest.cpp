@@ -61,7 +61,7 @@ protected:
         state->distance = 0.5;
         const double total = magicTotal(n, -24, 0.5);
         m_mostBlanks.clear();
-        for (int puzzle = 0; puzzle < puzzles; ++puzzle) {
+        for (int puzzle = 0; puzzle < puzzles && !HasFailure(); ++puzzle) {
             buildCompleteSquare(*state, random, events);
             state->blankCount = puzzle % 8 == 1 ? 1e308 : (8 - puzzle % 8) * n / 5.0;
             if (n > 5 || puzzle % 27 == 0) {
