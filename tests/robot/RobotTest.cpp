@@ -184,6 +184,7 @@ protected:
         pressKey(key, below(9) == 0 ? Qt::ShiftModifier : Qt::NoModifier,
                  name.size() == 1 ? name : QString());
         expect(!isAnswering || key == Qt::Key_Return || score() == before, "not only Enter answers");
+        expect(key != Qt::Key_Q || state().stopRequested == Request::stop, "Q doesn't stop");
     }
 
     void chooseMenuItem() {
