@@ -30,7 +30,8 @@ TEST(Numbers, AreReadFromWhatATextBeginsWithAndWrittenByTheRules) {
 TEST(Numbers, SurviveWritingAndReading) {
     SeededRandom random(7);
     for (int round = 0; round < 20000; ++round) {
-        const double value = (random.draw() - 0.5) * std::pow(10, random.below(600) - 300);
+        const double digits = random.draw() - 0.5;
+        const double value = digits * std::pow(10, random.below(600) - 300);
         const double read = leadingNumber(numberText(value));
         EXPECT_NEAR(read, value, std::fabs(value) * 1e-14);
         EXPECT_EQ(numberText(read), numberText(value));

@@ -97,8 +97,9 @@ private:
         explicit Job(FakePrinter& owner) : printer(owner) {}
 
         QString begin() override { return ++printer.steps == printer.failingStep ? "paper jam" : ""; }
-        QString print(const Sheet& it) override {
-            printer.sheets.push_back({it.drawing, it.frame, it.content, it.caption.toStdString()});
+        QString print(const Sheet& sheet) override {
+            printer.sheets.push_back(
+                {sheet.drawing, sheet.frame, sheet.content, sheet.caption.toStdString()});
             return begin();
         }
         QString finish() override { return begin(); }
