@@ -22,7 +22,7 @@ robot: ## Let a robot use the window for STEPS steps from SEED on, under the san
 	@packaging/install-packages.sh build test
 	cmake --preset asan
 	cmake --build --preset asan --target window_tests
-	@QT_QPA_PLATFORM=offscreen ROBOT_STEPS=$(STEPS) ROBOT_SEED=$(SEED) LSAN_OPTIONS=suppressions=tests/support/leaks.supp:print_suppressions=0 build/asan/tests/window_tests --gtest_brief=1 --gtest_filter=Robot.FindsNothing
+	@ROBOT_STEPS=$(STEPS) ROBOT_SEED=$(SEED) LSAN_OPTIONS=suppressions=tests/support/leaks.supp:print_suppressions=0 build/asan/tests/window_tests --gtest_brief=1 --gtest_filter=Robot.FindsNothing
 
 bench: ## Measure the engine against a literal one, as comma-separated values
 	@packaging/install-packages.sh build >&2

@@ -59,15 +59,7 @@ TEST(Numbers, DecideWhatFitsOnTheBoard) {
     }
 }
 
-TEST(PrimeOrder, AcceptsThePrimesFromFive) {
-    ProgramState state;
-    int orders = 0;
-    for (int x = -3; x < 32768; ++x)
-        orders += primetest(state, x);
-    EXPECT_EQ(orders, 3512 - 2) << "the primes below 2^15 without 2 and 3";
-}
-
-TEST(SquareCount, StatesTheNumbersOfEachSize) {
+TEST(Numbers, AreStatedForEveryOrder) {
     const std::pair<int, const char*> rows[] = {
         {5, "once to produce a second square: (14400 * 2 = 28800).Therefore, there are exactly 28800 "},
         {7, "three more squares: (76204800 * 4 = 304819200)"},
@@ -75,6 +67,10 @@ TEST(SquareCount, StatesTheNumbersOfEachSize) {
         {97, "exactly 1.11036564183981E+305"},
         {101, "too large!"}};
     ProgramState state;
+    int orders = 0;
+    for (int x = -3; x < 32768; ++x)
+        orders += primetest(state, x);
+    EXPECT_EQ(orders, 3512 - 2) << "the primes below 2^15 without 2 and 3";
     for (const auto& [n, text] : rows) {
         const SquareCount count = squareCount(state, n);
         const std::string all = count.fundamental + count.shifts + count.rotations + count.total;

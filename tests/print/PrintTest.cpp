@@ -57,10 +57,7 @@ protected:
 };
 
 TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
-    const std::tuple<std::string, std::string, std::string> kinds[] = {
-        {"squares", "Squares", "Squares"},
-        {"puzzles", "Puzzles", "Puzzles"},
-        {"puzzles and answers", "Puzzles", "Answers"}};
+    const std::string kinds[] = {"squares", "puzzles", "puzzles and answers"};
     const struct {
         int mode, order;
         const char *start, *distance;
@@ -77,13 +74,15 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
         box->setChecked(true);
     type(page().Text3, "300");
     for (const auto& row : rows) {
-        const auto& [kind, firstView, lastView] = kinds[row.mode];
+        const std::string& kind = kinds[row.mode];
+        const std::string firstView = row.mode == PuzzleMode::answers ? "Squares" : "Puzzles";
+        const std::string lastView = row.mode == PuzzleMode::both ? "Answers" : firstView;
         const int n = row.order;
         SCOPED_TRACE(kind + " from " + row.start + ", order " + numberText(n));
         const std::string size = numberText(n) + " by " + numberText(n);
         std::set<std::size_t> turns;
         random = ScriptedRandom({0.999, 0.999}); // the highest start
-        events.onYield = [&, kind = kind](int) {
+        events.onYield = [&](int) {
             EXPECT_EQ(title(), "Creating (" + size + ") Complete Magic Square(s): " +
                                    numberText(row.count - state().squaresSolved) + " out of " +
                                    numberText(row.count) + ' ' + kind + " left to print.");
@@ -98,7 +97,6 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
         enter(QString::number(n), row.start, row.distance);
         type(page().Text1, QString::number(row.count));
         click(page().Command1);
-        EXPECT_TRUE(page().Command1->hasFocus());
         EXPECT_EQ(printer.document.toStdString(), "Quarvelle " + size);
         const std::size_t views = row.mode == PuzzleMode::both ? 2 : 1;
         const auto first = squaresOf(firstView, 0, views), last = squaresOf(lastView, views - 1, views);
@@ -109,16 +107,14 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
         std::set<double> starts{state().startNumber};
         for (std::size_t i = 0; i < first.size(); ++i) {
             const auto& [area, label, answers, shaded] = last[i];
-            const std::size_t cells = static_cast<std::size_t>(n) * n,
-                              blanks = cells - first[i].numbers.size();
+            const auto cells = static_cast<std::size_t>(n * n), blanks = cells - first[i].numbers.size();
             EXPECT_EQ(first[i].area, area);
             EXPECT_EQ(blanks > 0, row.mode != PuzzleMode::answers);
             EXPECT_EQ(shaded.size(), row.mode == PuzzleMode::both && shades ? blanks : 0);
             if (row.mode == PuzzleMode::puzzles)
                 continue;
             ASSERT_EQ(answers.size(), cells);
-            EXPECT_TRUE(std::includes(answers.begin(), answers.end(), first[i].numbers.begin(),
-                                      first[i].numbers.end()));
+            EXPECT_TRUE(std::ranges::includes(answers, first[i].numbers));
             const double start = std::ranges::min(answers | std::views::values);
             starts.insert(start);
             for (const Line& line : linesInPlay(*stateOf(n, 1, 1)))

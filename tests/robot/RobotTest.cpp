@@ -98,9 +98,8 @@ protected:
     }
 
     void clickControl() {
-        const auto widgets = shown(below(3) == 0 ? "QPushButton" : "QWidget");
-        if (widgets.empty())
-            return;
+        auto widgets = shown(below(3) == 0 ? "QPushButton" : "QWidget");
+        widgets.push_back(menus().pages->currentWidget());
         QWidget* widget = oneOf(widgets);
         m_done += " " + widget->objectName().toStdString();
         QTest::mouseClick(widget, Qt::LeftButton, {}, {below(widget->width()), below(widget->height())});
@@ -131,8 +130,7 @@ protected:
     }
 
     void enterText() {
-        static const std::vector<QString> usual{"5", "5",   "7",   "11", "13",  "29",     "101",
-                                                "1", "-24", "0.5", "3",  "100", "1000000"};
+        static const std::vector<QString> usual{"5", "7", "29", "101", "1", "-24", "0.5", "3", "1000000"};
         const auto boxes = shown("QLineEdit");
         if (boxes.empty() || QApplication::activePopupWidget())
             return;
@@ -183,8 +181,7 @@ protected:
         const bool isAnswering = answerBox().isVisible();
         const auto before = score();
         const QString name = QKeySequence(key).toString();
-        pressKey(key, below(9) == 0 ? Qt::ShiftModifier : Qt::NoModifier,
-                 name.size() == 1 ? name : QString());
+        pressKey(key, below(9) == 0 ? Qt::ShiftModifier : Qt::NoModifier, name.size() == 1 ? name : "");
         expect(!isAnswering || key == Qt::Key_Return || score() == before, "not only Enter answers");
         expect(key != Qt::Key_Q || state().stopRequested == Request::stop, "Q doesn't stop");
     }
@@ -205,8 +202,8 @@ protected:
         m_done += " " + item->objectName().toStdString();
         item->trigger();
         const int request = state().stopRequested;
-        expect((item != menus().qplaying && item != menus().aprinting) || request == Request::stop,
-               "goes on");
+        const bool stops = item == menus().qplaying || item == menus().aprinting;
+        expect(!stops || request == Request::stop, "goes on");
         expect(item != menus().newsquare || request == Request::abandon, "goes on with the square");
     }
 
@@ -225,7 +222,7 @@ protected:
 TEST_F(Robot, FindsNothing) {
     run();
     program.reset();
-    EXPECT_TRUE(m_steps < 100000 || m_seen.size() == 15) << "some of it was never seen";
+    EXPECT_TRUE(m_steps < 100000 || m_seen.size() == 12) << "some of it was never seen";
     const auto* result = ::testing::UnitTest::GetInstance()->current_test_info()->result();
     qApp->setProperty("closingLine",
                       QString("robot: %1 steps, %2 failures\n").arg(m_step).arg(result->total_part_count()));

@@ -3,8 +3,7 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     // Windows come and go between tests; none of them ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
