@@ -10,7 +10,7 @@ namespace quarvelle::testing {
 /// The selection of blanks with no regard to time: every line is walked cell by cell, every check searches
 /// all that it found. Says what the blanks must be for given draws, and when the draws and turns come.
 struct Literal {
-    ProgramState& s;
+    ProgramState& s; ///< the state
     RandomSource& random;
     EventQueue& events;
 
