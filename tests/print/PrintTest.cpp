@@ -66,10 +66,10 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
         const char* random = ""; ///< how many random starts are asked for, if any
         double steps = 0;        ///< from the typed start to the highest with as many digits in its numbers
     } rows[] = {
-        {0, 5, "007", "2", 26, 2},    {1, 7, "1", "1", 13, 2},           {2, 5, "-3.5", "0.25", 21, 4},
-        {2, 11, "-400", "3", 5, 4},   {2, 29, "1", "1", 1, 2},           {0, 5, "4", "1", 40, 2, "0", 1},
-        {0, 5, "4", "1", 40, 2, "1"}, {2, 5, "4", "1", 40, 4, "71", 69}, {2, 31, "1", "1", 1, 4},
-        {2, 23, "1", "20", 2, 8},     {2, 101, "1", "1", 1, 48}};
+        {0, 5, "1", "5000", 11, 2},      {0, 5, "007", "2", 26, 2},    {1, 7, "1", "1", 13, 2},
+        {2, 5, "-3.5", "0.25", 21, 4},   {2, 11, "-400", "3", 5, 4},   {2, 29, "1", "1", 1, 2},
+        {0, 5, "4", "1", 40, 2, "0", 1}, {0, 5, "4", "1", 40, 2, "1"}, {2, 5, "4", "1", 40, 4, "71", 69},
+        {2, 31, "1", "1", 1, 4},         {2, 23, "1", "20", 2, 8},     {2, 101, "1", "1", 1, 48}};
     for (QCheckBox* box : window().findChildren<QCheckBox*>())
         box->setChecked(true);
     type(page().Text3, "300");
@@ -108,7 +108,6 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
         for (std::size_t i = 0; i < first.size(); ++i) {
             const auto& [area, label, answers, shaded] = last[i];
             const auto cells = static_cast<std::size_t>(n * n), blanks = cells - first[i].numbers.size();
-            EXPECT_EQ(first[i].area, area);
             EXPECT_EQ(blanks > 0, row.mode != PuzzleMode::answers);
             EXPECT_EQ(shaded.size(), row.mode == PuzzleMode::both && shades ? blanks : 0);
             if (row.mode == PuzzleMode::puzzles)
@@ -125,6 +124,9 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
         EXPECT_EQ(*starts.begin(), state().startNumber);
         EXPECT_EQ(*starts.rbegin(), state().startNumber + row.steps);
     }
+    events.onYield = [this](int) { printer.sheets.size() == 2 ? pressKey(Qt::Key_Q) : void(); };
+    click(page().Command1);
+    EXPECT_EQ(printer.sheets.size(), 2U) << "a stop between two pieces";
 }
 
 static QRect boundsOf(const QImage& paper, QRgb color) {
