@@ -27,16 +27,10 @@ int cellOf(int coordinate, int origin, int cellSize, int n) {
 
 } // namespace
 
-AnswerEntry::AnswerEntry(MainWindow& window) : QObject(&window), m_window(window) {
+AnswerEntry::AnswerEntry(MainWindow& window) : QObject(&window), m_window(window), m_selection(window) {
     connect(&window.boardPage(), &DrawingSurface::pressed, this, &AnswerEntry::Form_MouseDown);
     connect(&window.boardPage().answerBox(), &EntryBox::keyPressed, this,
             [this](int keyCode) { Text6_KeyDown(keyCode, 0); });
-}
-
-bool AnswerEntry::mayOpen(int row, int column) const {
-    const ProgramState& state = m_window.state();
-    return isBlank(cellAt(state.puzzle, row, column)) && state.stopRequested == Request::playing &&
-           m_window.windowTitle().toStdString() != constructionTitle(state);
 }
 
 void AnswerEntry::Form_MouseDown(int, int, int x, int y) {
@@ -48,15 +42,12 @@ void AnswerEntry::Form_MouseDown(int, int, int x, int y) {
     const int column = cellOf(y, state.boardTop, rowHeight, state.squareSize);
     if (row == 0 || column == 0)
         return;
-    const bool boxIsHere = row == state.selectedRow && column == state.selectedColumn &&
-                           m_window.boardPage().answerBox().isVisible();
-    if (boxIsHere || !mayOpen(row, column))
+    const Cell cell{row, column};
+    const bool boxIsHere = cell == m_selection.cell() && m_window.boardPage().answerBox().isVisible();
+    if (boxIsHere || !m_selection.mayAnswer() || !m_selection.isBlank(cell))
         return;
-    state.selectedRow = row;
-    state.selectedColumn = column;
-    state.selectedCellX = state.boardLeft + (row - 1) * cellWidth;
-    state.selectedCellY = state.boardTop + (column - 1) * rowHeight;
-    m_window.boardPage().openAnswerBox(state.selectedCellX, state.selectedCellY);
+    m_selection.moveTo(cell);
+    m_selection.openBox();
 }
 
 void AnswerEntry::Text6_KeyDown(int keyCode, int) {
@@ -82,6 +73,8 @@ void AnswerEntry::takeWrongAnswer(double entry) {
     if (entry != 0 || box.text() == "0") {
         ++state.numbersIncorrect;
         m_window.showTitle(scoreTitle(state));
+        m_window.boardPage().announce(
+            QString("%1 is wrong. Numbers incorrect: %2").arg(box.text()).arg(state.numbersIncorrect));
     }
     box.clear();
 }
@@ -93,10 +86,12 @@ void AnswerEntry::takeRightAnswer() {
     drawNumber(state, m_window.boardPage(), state.selectedCellX,
                state.selectedCellX - 1 + signPlace + signRoom(state, answer), state.selectedCellY + 3,
                answer);
-    m_window.boardPage().closeAnswerBox();
+    m_selection.leaveBox();
+    m_window.boardPage().tellCellChanged();
     ++state.numbersCorrect;
     m_window.showTitle(scoreTitle(state));
     --state.remainingBlanks;
+    m_window.boardPage().announce(QString("Right. Blanks left: %1").arg(state.remainingBlanks - 1));
 }
 
 } // namespace quarvelle

@@ -2,9 +2,9 @@
 
 #include <QObject>
 
-namespace quarvelle {
+#include "practice/CellSelection.h"
 
-class MainWindow;
+namespace quarvelle {
 
 /// Takes the player's answers: a click on a blank opens the answer box on it, Enter checks the number typed.
 class AnswerEntry : public QObject {
@@ -20,12 +20,12 @@ public:
     void Text6_KeyDown(int keyCode, int shift);
 
 private:
-    bool mayOpen(int row, int column) const;
     bool isRight(double entry) const;
     void takeRightAnswer();
     void takeWrongAnswer(double entry);
 
     MainWindow& m_window;
+    CellSelection m_selection;
 };
 
 } // namespace quarvelle

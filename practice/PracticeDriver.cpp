@@ -7,6 +7,7 @@
 #include "engine/Numbers.h"
 #include "practice/BlankSelection.h"
 #include "practice/Board.h"
+#include "practice/CellSelection.h"
 #include "practice/RunSettings.h"
 #include "practice/Titles.h"
 #include "ui/BoardPage.h"
@@ -47,6 +48,7 @@ void PracticeDriver::Command4_Click() {
 void PracticeDriver::openRun() {
     ProgramState& state = m_window.state();
     MainPage& page = m_window.mainPage();
+    m_solved = false;
     m_window.propertiesPage().readPairs();
     tidyRandomStarts(page);
     state.practising = 1;
@@ -97,6 +99,11 @@ void PracticeDriver::showPuzzle() {
     showsquare(state, board);
     state.remainingBlanks = state.placeIndex;
     m_window.showTitle(scoreTitle(state));
+    CellSelection(m_window).start();
+    m_window.boardPage().announce(QString("%1New square of %2 by %2. Blanks: %3")
+                                      .arg(m_solved ? "Solved. " : "")
+                                      .arg(state.squareSize)
+                                      .arg(state.remainingBlanks - 1));
 }
 
 /// Sleeps between events until the square is solved or abandoned. Returns false when stopped.
@@ -114,11 +121,12 @@ bool PracticeDriver::waitForPlayer() {
 
 void PracticeDriver::closeSquare() {
     ProgramState& state = m_window.state();
-    m_window.boardPage().closeAnswerBox();
+    m_window.boardPage().endPuzzle();
     m_window.boardPage().clear();
     resetPosition(state);
     state.showAnswers = 1;
-    if (state.stopRequested != Request::abandon)
+    m_solved = state.stopRequested != Request::abandon;
+    if (m_solved)
         ++state.squaresSolved;
     state.stopRequested = Request::none;
     m_window.showTitle(scoreTitle(state));
@@ -127,7 +135,7 @@ void PracticeDriver::closeSquare() {
 void PracticeDriver::closeRun() {
     ProgramState& state = m_window.state();
     state.startNumber = state.baseStart;
-    m_window.boardPage().closeAnswerBox();
+    m_window.boardPage().endPuzzle();
     state.practising = 0;
     state.puzzleMode = state.savedPuzzleMode;
     state.boardLeft = state.boardTop = 8;

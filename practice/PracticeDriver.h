@@ -32,6 +32,7 @@ private:
     MainWindow& m_window;
     RandomSource& m_random;
     EventQueue& m_events;
+    bool m_solved = false; ///< the last square of this run was
 };
 
 } // namespace quarvelle

@@ -1,18 +1,35 @@
 #pragma once
 
+#include "engine/ProgramState.h"
 #include "ui/DrawingSurface.h"
 #include "ui_BoardPage.h"
 
 namespace quarvelle {
 
-/// The practice board: the drawing surface and the answer box that jumps onto its cells.
+/// The practice board: the drawing surface, the mark on the selected cell and the answer box that jumps onto
+/// cells. Tells assistive technology what is on it; `AccessibleBoard` answers its questions.
 class BoardPage : public DrawingSurface {
     Q_OBJECT
 
 public:
-    explicit BoardPage(QWidget* parent = nullptr);
+    /// `state` outlives the page.
+    explicit BoardPage(const ProgramState& state, QWidget* parent = nullptr);
 
     EntryBox& answerBox() const { return *m_controls.Text6; }
+    const ProgramState& state() const { return m_state; }
+
+    /// A puzzle has been drawn, to be answered; until it ends it is a table of cells and one of them, which
+    /// the state says is selected, is marked.
+    void beginPuzzle();
+    void endPuzzle();
+    bool hasPuzzle() const { return m_hasPuzzle; }
+    /// Gives the keyboard to the board, which shows by its mark where on it.
+    void takeKeyboard();
+    /// The selection has moved.
+    void markSelectedCell();
+    /// The cell in `column` from the left and `row` from the top, both from 1, grid lines included, in the
+    /// drawing's pixels.
+    QRect cellArea(int column, int row) const;
 
     /// Sizes the box for a cell and lets it take and show each of `numbers` whole: its limit is the longest
     /// of them, its font narrow enough for the widest.
@@ -21,8 +38,23 @@ public:
     void openAnswerBox(int left, int top);
     void closeAnswerBox();
 
+    /// Says `news` to whoever listens with a screen reader: a notification, which is spoken whatever has the
+    /// keyboard.
+    void announce(const QString& news);
+    /// The number in the selected cell has changed.
+    void tellCellChanged();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
 private:
+    void tellCellsCameOrWent();
+    void tellFocus();
+
     Ui::BoardPage m_controls;
+    const ProgramState& m_state;
+    bool m_hasPuzzle = false;
 };
 
 } // namespace quarvelle

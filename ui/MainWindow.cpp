@@ -1,8 +1,10 @@
 #include "ui/MainWindow.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 
+#include "ui/AccessibleBoard.h"
 #include "ui/BoardPage.h"
 #include "ui/Fonts.h"
 #include "ui/InformationPage.h"
@@ -15,10 +17,11 @@
 namespace quarvelle {
 
 MainWindow::MainWindow() : m_state(std::make_unique<ProgramState>()) {
+    AccessibleBoard::install();
     m_menus.setupUi(this);
     m_menus.pages->setFont(controlFont());
     m_mainPage = new MainPage(*m_state);
-    m_boardPage = new BoardPage;
+    m_boardPage = new BoardPage(*m_state);
     m_informationPage = new InformationPage;
     m_propertiesPage = new PropertiesPage(*m_state);
     // In the order of the page numbers.
@@ -39,6 +42,9 @@ void MainWindow::present() {
 
 void MainWindow::showTitle(const std::string& title) {
     setWindowTitle(QString::fromStdString(title));
+    // The toolkit doesn't tell; it is how a screen reader hears the score.
+    QAccessibleEvent event(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
     present();
 }
 

@@ -1,0 +1,185 @@
+#include "ui/AccessibleBoard.h"
+
+#include "engine/LineKinds.h"
+#include "engine/Numbers.h"
+#include "ui/BoardPage.h"
+#include "ui/PictureBox.h"
+
+namespace quarvelle {
+
+namespace {
+
+/// One cell, by its column from the left and its row from the top, from 0.
+class AccessibleCell final : public QAccessibleInterface,
+                             public QAccessibleTableCellInterface,
+                             public QAccessibleActionInterface {
+public:
+    AccessibleCell(BoardPage& board, int row, int column) : m_board(board), m_row(row), m_column(column) {}
+
+    bool isValid() const override { return m_board.hasPuzzle(); }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override { return parent()->window(); }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(&m_board); }
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    QAccessible::Role role() const override { return QAccessible::Cell; }
+    void setText(QAccessible::Text, const QString&) override {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind != QAccessible::Name || !isValid())
+            return {};
+        const double value = quarvelle::cellAt(m_board.state().puzzle, m_column + 1, m_row + 1);
+        return isBlank(value) ? QString("blank") : QString::fromStdString(numberText(value));
+    }
+
+    QRect rect() const override {
+        const QRect area = m_board.cellArea(m_column + 1, m_row + 1);
+        return {m_board.mapToGlobal(area.topLeft()), area.size()};
+    }
+
+    QAccessible::State state() const override {
+        QAccessible::State state = parent()->state();
+        state.focusable = state.selectable = state.readOnly = true;
+        state.selected = isSelected();
+        state.focused = state.selected && m_board.hasFocus();
+        return state;
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::TableCellInterface)
+            return static_cast<QAccessibleTableCellInterface*>(this);
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                    : nullptr;
+    }
+
+    bool isSelected() const override {
+        return m_board.hasPuzzle() && m_board.state().selectedRow == m_column + 1 &&
+               m_board.state().selectedColumn == m_row + 1;
+    }
+    int rowIndex() const override { return m_row; }
+    int columnIndex() const override { return m_column; }
+    int rowExtent() const override { return 1; }
+    int columnExtent() const override { return 1; }
+    QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
+    QList<QAccessibleInterface*> columnHeaderCells() const override { return {}; }
+    QAccessibleInterface* table() const override { return parent(); }
+
+    QStringList actionNames() const override { return {pressAction()}; }
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+    /// As a click in the middle of the cell.
+    void doAction(const QString& name) override {
+        const QPoint middle = m_board.cellArea(m_column + 1, m_row + 1).center();
+        if (name == pressAction() && isValid())
+            emit m_board.pressed(Qt::LeftButton, Qt::NoModifier, middle.x(), middle.y());
+    }
+
+private:
+    BoardPage& m_board;
+    int m_row;
+    int m_column;
+};
+
+QAccessibleInterface* describe(const QString&, QObject* object) {
+    if (auto* board = qobject_cast<BoardPage*>(object))
+        return new AccessibleBoard(*board);
+    if (auto* picture = qobject_cast<PictureBox*>(object))
+        return new QAccessibleWidget(picture, QAccessible::Graphic);
+    if (object->isWidgetType() && object->objectName() == "news")
+        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Notification);
+    return nullptr;
+}
+
+} // namespace
+
+AccessibleBoard::AccessibleBoard(BoardPage& board)
+    : QAccessibleWidget(&board, QAccessible::Table), m_board(board) {}
+
+AccessibleBoard::~AccessibleBoard() {
+    dropCells();
+}
+
+void AccessibleBoard::install() {
+    QAccessible::installFactory(describe);
+}
+
+int AccessibleBoard::order() const {
+    return m_board.hasPuzzle() ? m_board.state().squareSize : 0;
+}
+
+QString AccessibleBoard::text(QAccessible::Text kind) const {
+    if (kind != QAccessible::Name)
+        return QAccessibleWidget::text(kind);
+    const QString order = QString::fromStdString(numberText(m_board.state().squareSize));
+    return m_board.hasPuzzle() ? QString("Puzzle of %1 by %1 cells").arg(order)
+           : m_board.drawing().items().empty()
+               ? QString("Empty board")
+               : QString("The squares of %1 by %1 cells on the sheet that is being printed.").arg(order);
+}
+
+void* AccessibleBoard::interface_cast(QAccessible::InterfaceType type) {
+    if (type == QAccessible::TableInterface)
+        return static_cast<QAccessibleTableInterface*>(this);
+    return QAccessibleWidget::interface_cast(type);
+}
+
+int AccessibleBoard::childCount() const {
+    return order() * order() + QAccessibleWidget::childCount();
+}
+
+QAccessibleInterface* AccessibleBoard::child(int index) const {
+    const int cells = order() * order();
+    return index < cells ? cellAt(index / order(), index % order()) : QAccessibleWidget::child(index - cells);
+}
+
+int AccessibleBoard::indexOfChild(const QAccessibleInterface* child) const {
+    if (child->role() == QAccessible::Cell) {
+        const auto* cell = static_cast<const AccessibleCell*>(child);
+        return cell->rowIndex() * order() + cell->columnIndex();
+    }
+    const int index = QAccessibleWidget::indexOfChild(child);
+    return index < 0 ? index : index + order() * order();
+}
+
+QAccessibleInterface* AccessibleBoard::childAt(int x, int y) const {
+    for (int index = 0; index < childCount(); ++index)
+        if (QAccessibleInterface* candidate = child(index); candidate->rect().contains(x, y))
+            return candidate;
+    return nullptr;
+}
+
+QAccessibleInterface* AccessibleBoard::focusChild() const {
+    if (!m_board.hasFocus() || order() == 0)
+        return QAccessibleWidget::focusChild();
+    return cellAt(m_board.state().selectedColumn - 1, m_board.state().selectedRow - 1);
+}
+
+QList<QAccessibleInterface*> AccessibleBoard::selectedCells() const {
+    if (order() == 0)
+        return {};
+    return {cellAt(m_board.state().selectedColumn - 1, m_board.state().selectedRow - 1)};
+}
+
+QAccessibleInterface* AccessibleBoard::cellAt(int row, int column) const {
+    if (row < 0 || column < 0 || row >= order() || column >= order())
+        return nullptr;
+    m_cells.resize(static_cast<std::size_t>(order() * order()));
+    QAccessible::Id& id = m_cells[static_cast<std::size_t>(row * order() + column)];
+    if (id == 0)
+        id = QAccessible::registerAccessibleInterface(new AccessibleCell(m_board, row, column));
+    return QAccessible::accessibleInterface(id);
+}
+
+void AccessibleBoard::modelChange(QAccessibleTableModelChangeEvent*) {
+    dropCells();
+}
+
+void AccessibleBoard::dropCells() {
+    for (const QAccessible::Id id : m_cells)
+        if (id != 0)
+            QAccessible::deleteAccessibleInterface(id);
+    m_cells.clear();
+}
+
+} // namespace quarvelle

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QAccessibleWidget>
+#include <vector>
+
+namespace quarvelle {
+
+class BoardPage;
+
+/// The board as assistive technology sees it: while a puzzle is there to be answered a table of n by n cells,
+/// named by their numbers or "blank", rows and columns as on the screen, and behind them the answer box. At
+/// other times the table has no cells, and its name says in a sentence what is drawn.
+class AccessibleBoard final : public QAccessibleWidget, public QAccessibleTableInterface {
+public:
+    explicit AccessibleBoard(BoardPage& board);
+    ~AccessibleBoard() override;
+
+    /// Makes the toolkit ask this class about boards and describe pictures as such.
+    static void install();
+
+    QString text(QAccessible::Text kind) const override;
+    void* interface_cast(QAccessible::InterfaceType type) override;
+    int childCount() const override;
+    QAccessibleInterface* child(int index) const override;
+    int indexOfChild(const QAccessibleInterface* child) const override;
+    QAccessibleInterface* childAt(int x, int y) const override;
+    QAccessibleInterface* focusChild() const override;
+
+    int rowCount() const override { return order(); }
+    int columnCount() const override { return order(); }
+    QAccessibleInterface* cellAt(int row, int column) const override;
+    void modelChange(QAccessibleTableModelChangeEvent* event) override;
+
+    QAccessibleInterface* caption() const override { return nullptr; }
+    QAccessibleInterface* summary() const override { return nullptr; }
+    QString rowDescription(int) const override { return {}; }
+    QString columnDescription(int) const override { return {}; }
+    int selectedCellCount() const override { return order() == 0 ? 0 : 1; }
+    QList<QAccessibleInterface*> selectedCells() const override;
+    int selectedRowCount() const override { return 0; }
+    int selectedColumnCount() const override { return 0; }
+    QList<int> selectedRows() const override { return {}; }
+    QList<int> selectedColumns() const override { return {}; }
+    bool isRowSelected(int) const override { return false; }
+    bool isColumnSelected(int) const override { return false; }
+    bool selectRow(int) override { return false; }
+    bool selectColumn(int) override { return false; }
+    bool unselectRow(int) override { return false; }
+    bool unselectColumn(int) override { return false; }
+
+private:
+    int order() const;
+    void dropCells();
+
+    BoardPage& m_board;
+    mutable std::vector<QAccessible::Id> m_cells; ///< row by row; 0 for those that nobody has asked for
+};
+
+} // namespace quarvelle
