@@ -164,7 +164,11 @@ QList<QAccessibleInterface*> AccessibleBoard::selectedCells() const {
 QAccessibleInterface* AccessibleBoard::cellAt(int row, int column) const {
     if (row < 0 || column < 0 || row >= order() || column >= order())
         return nullptr;
-    m_cells.resize(static_cast<std::size_t>(order() * order()));
+    const auto cells = static_cast<std::size_t>(order() * order());
+    if (m_cells.size() != cells) {
+        dropCells();
+        m_cells.resize(cells);
+    }
     QAccessible::Id& id = m_cells[static_cast<std::size_t>(row * order() + column)];
     if (id == 0)
         id = QAccessible::registerAccessibleInterface(new AccessibleCell(m_board, row, column));
@@ -175,7 +179,7 @@ void AccessibleBoard::modelChange(QAccessibleTableModelChangeEvent*) {
     dropCells();
 }
 
-void AccessibleBoard::dropCells() {
+void AccessibleBoard::dropCells() const {
     for (const QAccessible::Id id : m_cells)
         if (id != 0)
             QAccessible::deleteAccessibleInterface(id);

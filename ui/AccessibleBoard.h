@@ -50,7 +50,7 @@ public:
 
 private:
     int order() const;
-    void dropCells();
+    void dropCells() const;
 
     BoardPage& m_board;
     mutable std::vector<QAccessible::Id> m_cells; ///< row by row; 0 for those that nobody has asked for

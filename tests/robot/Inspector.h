@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QAccessible>
+
 #include "engine/MagicArithmetic.h"
 #include "tests/support/WindowFixture.h"
 
@@ -164,6 +166,12 @@ protected:
                               numberText(score()[0]) + " / Numbers correct: " + numberText(score()[1]) +
                               " / Numbers incorrect: " + numberText(score()[2]),
                "wrong title");
+        const bool answers = answerBox().isVisible();
+        const QWidget* keyboard = answers ? &answerBox() : static_cast<QWidget*>(&window().boardPage());
+        expect(window().focusWidget() == keyboard, "the keyboard is elsewhere");
+        const Cell selected(state().selectedRow, state().selectedColumn);
+        expect(at(state().square, selected) < emptyMarker && (!answers || blanks.count(selected) != 0),
+               "selects what is no cell, or answers what is no blank");
         // A large board has a thousand things to look at.
         if (n > 7 && m_step % 8 != 0)
             return;
@@ -174,6 +182,15 @@ protected:
         for (const auto& [cell, number] : boards[0].numbers)
             expect(number < emptyMarker && number == leadingNumber(numberText(at(state().square, cell))),
                    "wrong number");
+        auto* table = QAccessible::queryAccessibleInterface(&window().boardPage())->tableInterface();
+        for (int row = 1; row <= n; ++row)
+            for (int column = 1; column <= n; ++column) {
+                const auto shown = boards[0].numbers.find({column, row});
+                const std::string name =
+                    shown == boards[0].numbers.end() ? "blank" : numberText(shown->second);
+                expect(table->cellAt(row - 1, column - 1)->text(QAccessible::Name).toStdString() == name,
+                       "a screen reader hears another number");
+            }
     }
 };
 

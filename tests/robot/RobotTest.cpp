@@ -175,14 +175,18 @@ protected:
         static const std::vector<Qt::Key> keys{
             Qt::Key_7,   Qt::Key_Minus,  Qt::Key_Plus,      Qt::Key_Period, Qt::Key_E,
             Qt::Key_Up,  Qt::Key_Down,   Qt::Key_Left,      Qt::Key_Home,   Qt::Key_Return,
-            Qt::Key_Tab, Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Space};
+            Qt::Key_Tab, Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Space,
+            Qt::Key_F2,  Qt::Key_End,    Qt::Key_Backtab,   Qt::Key_Right,  Qt::Key_Enter};
+        const Qt::KeyboardModifiers modifiers[] = {
+            {}, {}, {}, {}, {}, Qt::ShiftModifier, Qt::ControlModifier};
         // Most runs are to last a while.
         const Qt::Key key = below(200) == 0 ? Qt::Key_Q : oneOf(keys);
         const bool isAnswering = answerBox().isVisible();
         const auto before = score();
         const QString name = QKeySequence(key).toString();
-        pressKey(key, below(9) == 0 ? Qt::ShiftModifier : Qt::NoModifier, name.size() == 1 ? name : "");
-        expect(!isAnswering || key == Qt::Key_Return || score() == before, "not only Enter answers");
+        pressKey(key, oneOf(modifiers), name.size() == 1 ? name : "");
+        expect(!isAnswering || key == Qt::Key_Return || key == Qt::Key_Enter || score() == before,
+               "not only Enter answers");
         expect(key != Qt::Key_Q || state().stopRequested == Request::stop, "Q doesn't stop");
     }
 
