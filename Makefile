@@ -13,7 +13,10 @@ test: ## Build the tests with the sanitizers and run them
 	@ctest --preset asan --no-tests=error
 
 demo: ## Play on a virtual display, checking all that is seen, and take pictures of it
-	@packaging/demo/play.sh
+	@packaging/install-packages.sh build demo
+	cmake --preset release
+	cmake --build --preset release --target quarvelle
+	@/usr/bin/python3 tests/acceptance/demo.py build/release/app/quarvelle build/demo
 
 STEPS = 1000000
 SEED = 7

@@ -22,7 +22,7 @@ elif has_wayland_display; then
 else
     echo "There is no display here: neither DISPLAY nor WAYLAND_DISPLAY leads to one."
     echo "The program is played on a virtual display instead, which takes pictures of it."
-    exec packaging/demo/play.sh
+    exec make --no-print-directory demo
 fi
 cmake --preset release
 cmake --build --preset release --target quarvelle
