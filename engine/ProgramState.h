@@ -90,6 +90,7 @@ struct ProgramState {
     // The run.
     int stopRequested = Request::none;
     int practising = 0;
+    int answering = 0; ///< 1 while a puzzle is there to be answered
     int showAnswers = 0;
     int currentPage = Page::main;
     int savedPuzzleMode = PuzzleMode::answers; ///< `puzzleMode` before a practice run

@@ -1,7 +1,7 @@
 #include "practice/AnswerEntry.h"
 
+#include "engine/BoardGeometry.h"
 #include "engine/LineKinds.h"
-#include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
 #include "practice/Board.h"
 #include "practice/Titles.h"
@@ -36,7 +36,7 @@ AnswerEntry::AnswerEntry(MainWindow& window) : QObject(&window), m_window(window
 bool AnswerEntry::mayOpen(int row, int column) const {
     const ProgramState& state = m_window.state();
     return isBlank(cellAt(state.puzzle, row, column)) && state.stopRequested == Request::playing &&
-           m_window.windowTitle().toStdString() != constructionTitle(state);
+           state.answering == 1;
 }
 
 void AnswerEntry::Form_MouseDown(int, int, int x, int y) {

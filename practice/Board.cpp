@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "engine/BoardGeometry.h"
 #include "engine/LineKinds.h"
-#include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
 #include "ui/Drawing.h"
 
@@ -75,7 +75,8 @@ void drawCell(const ProgramState& state, Canvas& canvas, int a, int b, int cellX
 } // namespace
 
 int signRoom(const ProgramState& state, double value) {
-    return hasNegativeNumbers(state) && value >= 0 ? 3 : 0;
+    const int n = state.squareSize;
+    return value >= 0 && hasNegativeNumbers(n, state.startNumber, state.distance) ? 3 : 0;
 }
 
 void drawNumber(const ProgramState& state, Canvas& canvas, int cellX, int x, int y, double value) {
@@ -84,7 +85,7 @@ void drawNumber(const ProgramState& state, Canvas& canvas, int cellX, int x, int
 }
 
 void resetPosition(ProgramState& state) {
-    state.boardLeft = state.boardTop = 8;
+    state.boardLeft = state.boardTop = boardMargin;
     state.pageColumn = state.pageRow = 1;
 }
 

@@ -1,5 +1,6 @@
 #include "practice/PracticeDriver.h"
 
+#include "engine/BoardGeometry.h"
 #include "engine/Construction.h"
 #include "engine/EventQueue.h"
 #include "engine/LineKinds.h"
@@ -38,7 +39,7 @@ PracticeDriver::PracticeDriver(MainWindow& window, RandomSource& random, EventQu
 void PracticeDriver::Command4_Click() {
     openRun();
     // Tidying may have brought in a distance with which the board doesn't fit.
-    if (!boardIsTooLarge(m_window.state()) && hasPlayableNumbers(m_window.state()))
+    if (boardGeometry(m_window.state()).hasAllCells && hasPlayableNumbers(m_window.state()))
         while (playSquare()) {
         }
     closeRun();
@@ -97,6 +98,7 @@ void PracticeDriver::showPuzzle() {
     showsquare(state, board);
     state.remainingBlanks = state.placeIndex;
     m_window.showTitle(scoreTitle(state));
+    state.answering = 1;
 }
 
 /// Sleeps between events until the square is solved or abandoned. Returns false when stopped.
@@ -114,6 +116,7 @@ bool PracticeDriver::waitForPlayer() {
 
 void PracticeDriver::closeSquare() {
     ProgramState& state = m_window.state();
+    state.answering = 0;
     m_window.boardPage().closeAnswerBox();
     m_window.boardPage().clear();
     resetPosition(state);
@@ -128,9 +131,9 @@ void PracticeDriver::closeRun() {
     ProgramState& state = m_window.state();
     state.startNumber = state.baseStart;
     m_window.boardPage().closeAnswerBox();
-    state.practising = 0;
+    state.practising = state.answering = 0;
     state.puzzleMode = state.savedPuzzleMode;
-    state.boardLeft = state.boardTop = 8;
+    resetPosition(state);
     m_window.boardPage().clear();
     m_window.setWindowTitle("Quarvelle");
     Pages::returnToMain(m_window);

@@ -1,6 +1,5 @@
 #include "practice/RunSettings.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "engine/MagicArithmetic.h"
@@ -10,20 +9,6 @@
 #include "ui/MainPage.h"
 
 namespace quarvelle {
-
-namespace {
-
-constexpr int boardMargin = 8;
-constexpr int fewestColumns = 2;
-
-/// How many cells of `cellSize` pixels the board shows of `n`.
-int visibleCells(int n, double cellSize, int limit) {
-    if (boardMargin + n * cellSize <= limit)
-        return n;
-    return std::max(fewestColumns, static_cast<int>((limit - boardMargin) / cellSize));
-}
-
-} // namespace
 
 void tidyRandomStarts(const MainPage& page) {
     if (page.controls().Text7->number() < 1)
@@ -52,14 +37,6 @@ void readCounts(ProgramState& state, const MainPage& page) {
         controls.Text3->setProgramText("1");
     state.blankCount = controls.Text3->number();
     state.printCount = controls.Text1->number();
-}
-
-void measureBoard(ProgramState& state) {
-    state.digitWidth = cellCharacters(state);
-    state.maxDigits = static_cast<std::int16_t>(longestEndText(state));
-    state.cellWidth = cellWidthFor(state.digitWidth);
-    state.visibleColumns = visibleCells(state.squareSize, state.cellWidth, state.boardWidthLimit);
-    state.visibleRows = visibleCells(state.squareSize, rowHeight, state.boardHeightLimit);
 }
 
 void drawStartNumber(ProgramState& state, const MainPage& page, RandomSource& random) {

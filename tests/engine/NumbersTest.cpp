@@ -3,12 +3,12 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+#include "engine/BoardGeometry.h"
 #include "engine/MagicArithmetic.h"
 #include "engine/PrimeOrder.h"
 #include "engine/ProgramState.h"
 #include "engine/Random.h"
 #include "engine/SquareCount.h"
-#include "practice/RunSettings.h"
 
 namespace quarvelle::testing {
 
@@ -39,7 +39,7 @@ TEST(Numbers, SurviveWritingAndReading) {
 
 TEST(Numbers, DecideWhatFitsOnTheBoard) {
     // n, s, d, the width of a cell and how many fit across
-    const std::tuple<std::int16_t, double, double, double, int> rows[] = {
+    const std::tuple<std::int16_t, double, double, int, int> rows[] = {
         {29, 1, 1, 24, 29},        {31, 1, 1, 24, 31},    {5, -500, 58, 32, 5},
         {5, -500, 100, 40, 5},     {5, -1000, -1, 40, 5}, {29, 1, 1e14, 56, 13},
         {5, 1e200, -1e199, 72, 5}, {5, 1, 1e199, 64, 5},  {32749, 1, 1, 80, 9}};
@@ -48,12 +48,12 @@ TEST(Numbers, DecideWhatFitsOnTheBoard) {
         state.squareSize = n;
         state.startNumber = s;
         state.distance = d;
-        measureBoard(state);
+        const BoardGeometry board = boardGeometry(state);
         SCOPED_TRACE(s);
-        EXPECT_EQ(state.cellWidth, cellWidth);
-        EXPECT_EQ(state.visibleColumns, columns);
-        EXPECT_EQ(state.visibleRows, std::min<int>(n, 29));
-        EXPECT_EQ(boardIsTooLarge(state), columns < n || n > 29);
+        EXPECT_EQ(board.cellWidth, cellWidth);
+        EXPECT_EQ(board.visibleColumns, columns);
+        EXPECT_EQ(board.visibleRows, std::min<int>(n, 29));
+        EXPECT_EQ(board.hasAllCells, columns == n && n <= 29);
         EXPECT_EQ(hasPlayableNumbers(state), std::fabs(d) < 1e199);
     }
 }
