@@ -51,13 +51,14 @@ void clearSquare(ProgramState& state) {
 }
 
 void moveCursor(ProgramState& state, Step step) {
-    state.curRow = wrapped(state.curRow + step.row, state.squareSize);
-    state.curCol = wrapped(state.curCol + step.column, state.squareSize);
+    const Cell cursor = wrapped(Cell{state.curRow, state.curCol} + step, state.squareSize);
+    state.curRow = cursor.row;
+    state.curCol = cursor.column;
 }
 
 /// Gives the cursor's cell the number that relative value `k` stands for.
 void fillCell(ProgramState& state, double k) {
-    cellAt(state.square, state.curRow, state.curCol) = realValue(k, state.startNumber, state.distance);
+    cellAt(state.square, {state.curRow, state.curCol}) = realValue(k, state.startNumber, state.distance);
 }
 
 void layEntry(ProgramState& state, int entry, int value) {

@@ -35,7 +35,7 @@ AnswerEntry::AnswerEntry(MainWindow& window) : QObject(&window), m_window(window
 
 bool AnswerEntry::mayOpen(int row, int column) const {
     const ProgramState& state = m_window.state();
-    return isBlank(cellAt(state.puzzle, row, column)) && state.stopRequested == Request::playing &&
+    return isBlank(cellAt(state.puzzle, {row, column})) && state.stopRequested == Request::playing &&
            state.answering == 1;
 }
 
@@ -71,7 +71,7 @@ void AnswerEntry::Text6_KeyDown(int keyCode, int) {
 
 bool AnswerEntry::isRight(double entry) const {
     const ProgramState& state = m_window.state();
-    const double answer = cellAt(state.square, state.selectedRow, state.selectedColumn);
+    const double answer = cellAt(state.square, {state.selectedRow, state.selectedColumn});
     // With a distance such as 0.1 the number in the square isn't always the one its text reads as.
     return entry == answer || numberText(entry) == numberText(answer);
 }
@@ -88,8 +88,8 @@ void AnswerEntry::takeWrongAnswer(double entry) {
 
 void AnswerEntry::takeRightAnswer() {
     ProgramState& state = m_window.state();
-    const double answer = cellAt(state.square, state.selectedRow, state.selectedColumn);
-    cellAt(state.puzzle, state.selectedRow, state.selectedColumn) = answer;
+    const double answer = cellAt(state.square, {state.selectedRow, state.selectedColumn});
+    cellAt(state.puzzle, {state.selectedRow, state.selectedColumn}) = answer;
     drawNumber(state, m_window.boardPage(), state.selectedCellX,
                state.selectedCellX - 1 + signPlace + signRoom(state, answer), state.selectedCellY + 3,
                answer);

@@ -59,7 +59,7 @@ void drawGrid(const ProgramState& state, Canvas& canvas, const Piece& piece) {
 
 /// Cell (`a`, `b`) of the square, drawn with its top-left grid corner at (`cellX`, `cellY`).
 void drawCell(const ProgramState& state, Canvas& canvas, int a, int b, int cellX, int cellY) {
-    const double shown = cellAt(state.puzzle, a, b);
+    const double shown = cellAt(state.puzzle, {a, b});
     const int x = cellX + textInsetX;
     const int y = cellY + textInsetY;
     if (state.highlightAnswers == 1 && isBlank(shown) && state.showAnswers == 1 &&
@@ -68,7 +68,7 @@ void drawCell(const ProgramState& state, Canvas& canvas, int a, int b, int cellX
                              QColor(192, 192, 192));
     if (state.showAnswers != 1 && isBlank(shown))
         return;
-    const double value = state.showAnswers == 1 ? cellAt(state.square, a, b) : shown;
+    const double value = state.showAnswers == 1 ? cellAt(state.square, {a, b}) : shown;
     drawNumber(state, canvas, cellX, x + signRoom(state, shown), y, value);
 }
 

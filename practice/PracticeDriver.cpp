@@ -24,7 +24,7 @@ QStringList textsOfNumbers(const ProgramState& state) {
     QStringList texts;
     for (int row = 1; row <= state.squareSize; ++row)
         for (int column = 1; column <= state.squareSize; ++column)
-            texts << QString::fromStdString(numberText(cellAt(state.square, row, column)));
+            texts << QString::fromStdString(numberText(cellAt(state.square, {row, column})));
     return texts;
 }
 

@@ -177,7 +177,7 @@ protected:
         expect(boards[0].label.text.isEmpty(), "not one board");
         expect(std::ssize(boards[0].numbers) + std::ssize(blanks) == n * n, "wrong blanks");
         for (const auto& [cell, number] : boards[0].numbers)
-            expect(number < emptyMarker && number == leadingNumber(numberText(at(state().square, cell))),
+            expect(number < emptyMarker && number == leadingNumber(numberText(cellAt(state().square, cell))),
                    "wrong number");
     }
 };

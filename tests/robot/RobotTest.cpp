@@ -110,13 +110,13 @@ protected:
             return;
         const int width = static_cast<int>(state().cellWidth);
         const auto boxOf = [width](Cell cell) {
-            return QRect(width * cell.first + 8 - width, 18 * cell.second - 10, width + 1, 18);
+            return QRect(width * cell.row + 8 - width, 18 * cell.column - 10, width + 1, 18);
         };
         const auto blanks = blanksOf(state());
         QPoint point{below(900), below(700)};
         if (!blanks.empty() && below(8) != 0)
             point = boxOf(oneOf(blanks)).topLeft() + QPoint{below(width), below(18)};
-        const Cell cell(std::floor((point.x() - 8.0) / width) + 1, std::floor((point.y() - 8.0) / 18) + 1);
+        const Cell cell{(point.x() - 8 + width) / width, (point.y() + 10) / 18};
         const auto look = [this] {
             const EntryBox& box = answerBox();
             return std::tuple(box.isVisible(), window().focusWidget() == &box, box.isEnabled(),
@@ -151,7 +151,7 @@ protected:
 
     /// Mostly with the right number.
     void answerCell() {
-        const auto answer = numberText(at(state().square, {state().selectedRow, state().selectedColumn}));
+        const auto answer = numberText(cellAt(state().square, {state().selectedRow, state().selectedColumn}));
         const auto right = QString::fromStdString(answer);
         const bool isMeantRight = below(4) != 0;
         typeText(isMeantRight ? right : oneOf(hostileNumbers));
