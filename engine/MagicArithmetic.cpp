@@ -1,27 +1,47 @@
 #include "engine/MagicArithmetic.h"
 
-#include <cmath>
+#include <algorithm>
 
 #include "engine/Numbers.h"
 #include "engine/ProgramState.h"
 
 namespace quarvelle {
 
-double magicTotal(int n, double s, double d) {
-    // The grouping decides the last digits for a fractional distance.
+namespace {
+
+/// Ten to the number of decimals of `value`, which a text without an exponent has at most 15 of; infinite for
+/// a value with more.
+double decimalScale(double value) {
+    for (double scale = 1; scale <= 1e15; scale *= 10)
+        if (std::round(value * scale) / scale == value)
+            return scale;
+    return HUGE_VAL;
+}
+
+} // namespace
+
+SquareNumbers::SquareNumbers(double s, double d) : m_first(s), m_step(d) {
+    const double firstScale = decimalScale(s);
+    const double stepScale = decimalScale(d);
+    m_scale = std::max(firstScale, stepScale);
+    m_unitsOfFirst = std::round(s * firstScale) * (m_scale / firstScale);
+    m_unitsOfStep = std::round(d * stepScale) * (m_scale / stepScale);
+}
+
+double SquareNumbers::magicTotal(int n) const {
     const double order = n;
     const double first = order * (order * (order - 1) / 2 + (order + 1) / 2);
-    const double second = ((d - 1) * order) * (order * (order + 1) / 2 - (order + 1) / 2);
-    const double third = (s - 1) * order;
-    return (first + second) + third;
+    const double second = ((m_step - 1) * order) * (order * (order + 1) / 2 - (order + 1) / 2);
+    const double third = (m_first - 1) * order;
+    return sum(order, order * (order * order - 1) / 2, (first + second) + third);
+}
+
+double magicTotal(int n, double s, double d) {
+    return SquareNumbers(s, d).magicTotal(n);
 }
 
 double lastNumber(int n, double s, double d) {
-    return s + d * (static_cast<double>(n) * n - 1);
-}
-
-double realValue(double k, double s, double d) {
-    return s + d * (k - 1);
+    return SquareNumbers(s, d).lastNumber(n);
 }
 
 std::string magicTotalCaption(const std::string& text) {

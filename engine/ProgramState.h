@@ -95,7 +95,6 @@ struct ProgramState {
     int currentPage = Page::main;
     int savedPuzzleMode = PuzzleMode::answers; ///< `puzzleMode` before a practice run
     double baseStart = 0;                      ///< the starting number as typed
-    double randomStartLimit = 0;               ///< 10 to the power `maxDigits`
     int remainingBlanks = 0;                   ///< open blanks plus one
     int squaresSolved = 0;
     int numbersCorrect = 0;

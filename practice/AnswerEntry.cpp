@@ -72,8 +72,8 @@ void AnswerEntry::Text6_KeyDown(int keyCode, int) {
 bool AnswerEntry::isRight(double entry) const {
     const ProgramState& state = m_window.state();
     const double answer = cellAt(state.square, {state.selectedRow, state.selectedColumn});
-    // With a distance such as 0.1 the number in the square isn't always the one its text reads as.
-    return entry == answer || numberText(entry) == numberText(answer);
+    // A number that needs more digits than a text has isn't the one that its text reads as.
+    return numberText(entry) == numberText(answer);
 }
 
 void AnswerEntry::takeWrongAnswer(double entry) {

@@ -40,15 +40,16 @@ void readCounts(ProgramState& state, const MainPage& page) {
 }
 
 void drawStartNumber(ProgramState& state, const MainPage& page, RandomSource& random) {
-    state.randomStartLimit = 1;
+    double limit = 1;
     for (int digit = 0; digit < state.maxDigits; ++digit)
-        state.randomStartLimit *= 10;
-    const double numbers = state.distance * state.squareSize * state.squareSize;
-    const double starts = state.randomStartLimit - (state.baseStart + numbers);
-    state.startNumber = state.baseStart + std::floor(random.draw() * (starts - 1));
+        limit *= 10;
+    const double n = state.squareSize;
+    const double starts = limit - SquareNumbers(state.baseStart, state.distance).realValue(n * n + 1);
+    double steps = std::floor(random.draw() * (starts - 1));
     const double asked = page.controls().Text7->number();
     if (asked < starts)
-        state.startNumber = state.baseStart + std::floor(random.draw() * asked);
+        steps = std::floor(random.draw() * asked);
+    state.startNumber = SquareNumbers(state.baseStart, 1).realValue(steps + 1);
     if (!hasPlayableNumbers(state))
         state.startNumber = state.baseStart;
 }

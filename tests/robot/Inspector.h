@@ -111,6 +111,9 @@ protected:
         const double limit = page().Check1->isChecked() ? page().Text7->number() : 1;
         const double rounding = 1e-9 * (1 + std::fabs(state().baseStart));
         expect(steps < limit && std::fabs(steps - std::round(steps)) <= rounding, "wrong start");
+        expect(std::fabs(state().startNumber) > 1e6 ||
+                   leadingNumber(numberText(state().startNumber)) == state().startNumber,
+               "starts with a rounding error");
     }
 
     void checkMarks() {
