@@ -51,13 +51,14 @@ void clearSquare(ProgramState& state) {
 }
 
 void moveCursor(ProgramState& state, Step step) {
-    state.curRow = wrapped(state.curRow + step.row, state.squareSize);
-    state.curCol = wrapped(state.curCol + step.column, state.squareSize);
+    const Cell cursor = wrapped(Cell{state.curRow, state.curCol} + step, state.squareSize);
+    state.curRow = cursor.row;
+    state.curCol = cursor.column;
 }
 
-/// Gives the cursor's cell the number that relative value `k` stands for.
+/// Gives the cursor's cell relative value `k`.
 void fillCell(ProgramState& state, double k) {
-    cellAt(state.square, state.curRow, state.curCol) = realValue(k, state.startNumber, state.distance);
+    cellAt(state.square, {state.curRow, state.curCol}) = k;
 }
 
 void layEntry(ProgramState& state, int entry, int value) {
@@ -138,9 +139,13 @@ void buildCompleteSquare(ProgramState& state, RandomSource& random, EventQueue& 
     clearSquare(state);
     if (!fillSquare(state, random, events))
         return;
+    const SquareNumbers numbers(state.startNumber, state.distance);
     const auto n = static_cast<std::size_t>(state.squareSize);
     for (std::size_t row = 1; row <= n; ++row)
-        std::copy_n(state.square[row].begin() + 1, n, state.puzzle[row].begin() + 1);
+        for (std::size_t column = 1; column <= n; ++column) {
+            double& value = state.square[row][column];
+            state.puzzle[row][column] = value = numbers.realValue(value);
+        }
 }
 
 } // namespace quarvelle

@@ -2,7 +2,6 @@
 
 #include <vector>
 
-#include "engine/Cells.h"
 #include "engine/LineKinds.h"
 #include "engine/Stepping.h"
 
@@ -27,18 +26,17 @@ void makeblanks(ProgramState& state) {
     state.blankAccepted = 1;
     for (std::size_t i = 0; i < needed.size() && state.blankAccepted == 1; ++i) {
         const auto [blank, kind] = needed[i];
-        const auto visit = [&, i](int row, int column) {
-            const Cell cell{row, column};
+        const auto visit = [&, i](Cell cell) {
             if (cell == candidate)
                 return i == 0;
-            const double value = cellAt(state.puzzle, row, column);
+            const double value = cellAt(state.puzzle, cell);
             if (isBlank(value) && !reached.contains(cell)) {
                 reached.insert(cell);
                 needed.push_back({cell, markerKind(value)});
             }
             return true;
         };
-        state.blankAccepted = walkLine(kind, blank.row, blank.column, state.squareSize, visit);
+        state.blankAccepted = walkLine(kind, blank, state.squareSize, visit);
     }
 }
 

@@ -55,9 +55,9 @@ const std::array<Step, 4>& shapeOffsets(int kind) {
 
 Step shapeCentre(int kind) {
     // The mean of the five cells, the anchor's own offset being zero.
-    Step sum;
+    Cell sum;
     for (const Step offset : shapeOffsets(kind))
-        sum = {sum.row + offset.row, sum.column + offset.column};
+        sum = sum + offset;
     return {sum.row / 5, sum.column / 5};
 }
 

@@ -2,15 +2,9 @@
 
 #include <array>
 
-#include "engine/ProgramState.h"
+#include "engine/Cells.h"
 
 namespace quarvelle {
-
-/// A move on the square, or an offset from a cell, in cells.
-struct Step {
-    int row = 0;
-    int column = 0;
-};
 
 /// Kinds 1 to this are whole lines of n cells; the kinds above are shapes of five.
 inline constexpr int wholeLineKinds = 4;
@@ -37,21 +31,6 @@ int markerKind(double value);
 /// Whether a cell's value is a blank's.
 inline bool isBlank(double value) {
     return value >= emptyMarker;
-}
-
-/// `coordinate` brought back into 1 to `n`; it may lie at most n outside.
-inline int wrapped(int coordinate, int n) {
-    if (coordinate > n)
-        return coordinate - n;
-    return coordinate < 1 ? coordinate + n : coordinate;
-}
-
-inline double& cellAt(Grid& grid, int row, int column) {
-    return grid[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
-}
-
-inline double cellAt(const Grid& grid, int row, int column) {
-    return grid[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
 }
 
 } // namespace quarvelle

@@ -37,9 +37,7 @@ std::size_t LineLedger::numberOf(int kind, Cell cell) const {
     if (kind <= wholeLineKinds)
         return static_cast<std::size_t>((kind - 1) * n + wholeLineIndex(kind, cell, n) - 1);
     const int family = (kind - wholeLineKinds - 1) / kindsPerFamily;
-    const Step centre = shapeCentre(kind);
-    const int row = wrapped(cell.row + centre.row, n);
-    const int column = wrapped(cell.column + centre.column, n);
+    const auto [row, column] = wrapped(cell + shapeCentre(kind), n);
     return static_cast<std::size_t>((wholeLineKinds + family * n + row - 1) * n + column - 1);
 }
 

@@ -3,7 +3,6 @@
 #include <bitset>
 #include <vector>
 
-#include "engine/Cells.h"
 #include "engine/LineKinds.h"
 
 namespace quarvelle {

@@ -1,7 +1,6 @@
 #include "engine/MagicArithmetic.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "engine/Numbers.h"
 #include "engine/ProgramState.h"
@@ -10,27 +9,39 @@ namespace quarvelle {
 
 namespace {
 
-double lastNumber(const ProgramState& state) {
-    return quarvelle::lastNumber(state.squareSize, state.startNumber, state.distance);
+/// Ten to the number of decimals of `value`, which a text without an exponent has at most 15 of; infinite for
+/// a value with more.
+double decimalScale(double value) {
+    for (double scale = 1; scale <= 1e15; scale *= 10)
+        if (std::round(value * scale) / scale == value)
+            return scale;
+    return HUGE_VAL;
 }
 
 } // namespace
 
-double magicTotal(int n, double s, double d) {
-    // The grouping decides the last digits for a fractional distance.
+SquareNumbers::SquareNumbers(double s, double d) : m_first(s), m_step(d) {
+    const double firstScale = decimalScale(s);
+    const double stepScale = decimalScale(d);
+    m_scale = std::max(firstScale, stepScale);
+    m_unitsOfFirst = std::round(s * firstScale) * (m_scale / firstScale);
+    m_unitsOfStep = std::round(d * stepScale) * (m_scale / stepScale);
+}
+
+double SquareNumbers::magicTotal(int n) const {
     const double order = n;
     const double first = order * (order * (order - 1) / 2 + (order + 1) / 2);
-    const double second = ((d - 1) * order) * (order * (order + 1) / 2 - (order + 1) / 2);
-    const double third = (s - 1) * order;
-    return (first + second) + third;
+    const double second = ((m_step - 1) * order) * (order * (order + 1) / 2 - (order + 1) / 2);
+    const double third = (m_first - 1) * order;
+    return sum(order, order * (order * order - 1) / 2, (first + second) + third);
+}
+
+double magicTotal(int n, double s, double d) {
+    return SquareNumbers(s, d).magicTotal(n);
 }
 
 double lastNumber(int n, double s, double d) {
-    return s + d * (static_cast<double>(n) * n - 1);
-}
-
-double realValue(double k, double s, double d) {
-    return s + d * (k - 1);
+    return SquareNumbers(s, d).lastNumber(n);
 }
 
 std::string magicTotalCaption(const std::string& text) {
@@ -42,49 +53,10 @@ std::string lastNumberCaption(int n, double s, double d) {
     return text.size() < 8 ? "Last number equals: " + text : "Last number is {very large!}";
 }
 
-bool hasNegativeNumbers(const ProgramState& state) {
-    return state.startNumber < 0 || lastNumber(state) < 0;
-}
-
-int longestEndText(const ProgramState& state) {
-    return std::max(textLength(lastNumber(state)), textLength(state.startNumber));
-}
-
-int cellCharacters(const ProgramState& state) {
-    const int longest = longestEndText(state);
-    if (!hasNegativeNumbers(state))
-        return longest;
-    const double first = state.startNumber;
-    const double last = lastNumber(state);
-    // When neither end is positive there is nothing to line up with the negative numbers: 0 is shorter than
-    // 100.
-    double positiveEnd = 0;
-    double negativeEnd = 100;
-    if (first > 0) {
-        positiveEnd = first;
-        negativeEnd = last;
-    }
-    if (last > 0) {
-        positiveEnd = last;
-        negativeEnd = first;
-    }
-    return textLength(positiveEnd) >= textLength(negativeEnd) ? longest + 1 : longest;
-}
-
-int cellWidthFor(int digitWidth) {
-    return digitWidth > 3 ? 8 * digitWidth : 24;
-}
-
 bool hasPlayableNumbers(const ProgramState& state) {
     // The numbers of the square lie between its two ends.
-    return std::fabs(state.startNumber) < emptyMarker && std::fabs(lastNumber(state)) < emptyMarker;
-}
-
-bool boardIsTooLarge(ProgramState& state) {
-    state.digitWidth = cellCharacters(state);
-    state.cellWidth = cellWidthFor(state.digitWidth);
-    return 8 + state.squareSize * state.cellWidth > state.boardWidthLimit ||
-           8 + state.squareSize * rowHeight > state.boardHeightLimit;
+    const double last = lastNumber(state.squareSize, state.startNumber, state.distance);
+    return std::fabs(state.startNumber) < emptyMarker && std::fabs(last) < emptyMarker;
 }
 
 } // namespace quarvelle

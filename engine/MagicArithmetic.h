@@ -1,20 +1,52 @@
 #pragma once
 
+#include <cmath>
 #include <string>
 
 namespace quarvelle {
 
 struct ProgramState;
 
-/// The common sum of every row, column, diagonal and broken diagonal of a complete square of order `n` that
-/// is filled with s, s + d, ..., s + (n*n - 1)d: the sum of all its numbers over n, n*s + d*n(n*n - 1)/2.
+/// The numbers of squares that begin with `s` and go on in steps of `d`, as decimal arithmetic has them.
+///
+/// A double holds most decimals only nearly: -0.3 + 3 * 0.1 leaves 5.6E-17 where a person finds 0. So where
+/// both numbers can be written without an exponent, sums are made in units of their last decimal place: whole
+/// numbers, which a double holds up to 2^53, and one division in the end gives the double that the decimal
+/// reads as. For whole numbers that is what plain arithmetic gives; everywhere else plain arithmetic has to
+/// do.
+class SquareNumbers {
+public:
+    SquareNumbers(double s, double d);
+
+    /// The number that stands for relative value `k`, from 1 on: s + d(k - 1).
+    double realValue(double k) const { return sum(1, k - 1, m_first + m_step * (k - 1)); }
+
+    /// The number that belongs to relative value n*n; the largest when d is positive.
+    double lastNumber(int n) const { return realValue(static_cast<double>(n) * n); }
+
+    /// The common sum of every row, column, diagonal and broken diagonal of a complete square of order `n`:
+    /// the sum of all its numbers over n, n*s + d*n(n*n - 1)/2.
+    double magicTotal(int n) const;
+
+private:
+    /// `firsts` times s plus `steps` times d, both whole; `plain` where a double can't hold the units.
+    double sum(double firsts, double steps, double plain) const {
+        constexpr double exactLimit = 9007199254740992; // 2^53
+        const double first = firsts * m_unitsOfFirst;
+        const double rest = steps * m_unitsOfStep;
+        return std::fabs(first) + std::fabs(rest) <= exactLimit ? (first + rest) / m_scale : plain;
+    }
+
+    double m_first;
+    double m_step;
+    double m_scale; ///< units to 1: a power of ten, infinite where there is no such unit
+    double m_unitsOfFirst;
+    double m_unitsOfStep;
+};
+
+/// The same of the square of order `n` from `s` on in steps of `d`.
 double magicTotal(int n, double s, double d);
-
-/// The number that belongs to relative value n*n; the largest when `d` is positive.
 double lastNumber(int n, double s, double d);
-
-/// The number that stands for relative value `k` (1 to n*n) in a square from `s` in steps of `d`.
-double realValue(double k, double s, double d);
 
 /// "Magic Total = " and `text`, or the very-large caption when `text` has 12 characters or more.
 std::string magicTotalCaption(const std::string& text);
@@ -22,27 +54,7 @@ std::string magicTotalCaption(const std::string& text);
 /// "Last number equals: " and the text of the last number, or the very-large caption from 8 characters on.
 std::string lastNumberCaption(int n, double s, double d);
 
-/// Whether some number of the square is negative, so that the others are set in a little.
-bool hasNegativeNumbers(const ProgramState& state);
-
-/// Characters of the longer text of the first and the last number.
-int longestEndText(const ProgramState& state);
-
-/// Characters that a cell needs: `longestEndText`, and one more when negative and positive numbers mix and
-/// the positive end is as long as the negative one.
-int cellCharacters(const ProgramState& state);
-
-/// Width of a board cell in pixels for numbers of `digitWidth` characters: 24, or 8 a character above three.
-int cellWidthFor(int digitWidth);
-
 /// Whether every number of the square is a finite one that can't be taken for a blank.
 bool hasPlayableNumbers(const ProgramState& state);
-
-/// Height of a board cell in pixels.
-inline constexpr int rowHeight = 18;
-
-/// Whether a board of the current size and numbers is too wide or too tall for the drawing area. Sets
-/// `digitWidth` and `cellWidth`.
-bool boardIsTooLarge(ProgramState& state);
 
 } // namespace quarvelle

@@ -90,11 +90,11 @@ struct ProgramState {
     // The run.
     int stopRequested = Request::none;
     int practising = 0;
+    int answering = 0; ///< 1 while a puzzle is there to be answered
     int showAnswers = 0;
     int currentPage = Page::main;
     int savedPuzzleMode = PuzzleMode::answers; ///< `puzzleMode` before a practice run
     double baseStart = 0;                      ///< the starting number as typed
-    double randomStartLimit = 0;               ///< 10 to the power `maxDigits`
     int remainingBlanks = 0;                   ///< open blanks plus one
     int squaresSolved = 0;
     int numbersCorrect = 0;

@@ -10,26 +10,22 @@ namespace quarvelle {
 
 namespace {
 
-bool isInside(int coordinate, int n) {
-    return coordinate >= 1 && coordinate <= n;
-}
-
 /// "All" lets a shape reach over the edge; otherwise its five cells lie inside the square.
 bool fits(const ProgramState& state, const PropertyFamily& family, int kind) {
     if (state.*family.mode == PropertyMode::all)
         return true;
     const auto& offsets = shapeOffsets(kind);
     return std::all_of(offsets.begin(), offsets.end(), [&](Step offset) {
-        return isInside(state.anchorRow + offset.row, state.squareSize) &&
-               isInside(state.anchorCol + offset.column, state.squareSize);
+        const Cell cell = Cell{state.anchorRow, state.anchorCol} + offset;
+        return cell == wrapped(cell, state.squareSize);
     });
 }
 
 /// Walks the placement of `kind` through the candidate and counts its blanks in `blanksOnShape`. Returns
 /// false as soon as a cell holds the kind's own marker.
 bool countBlanks(ProgramState& state, int kind) {
-    return walkLine(kind, state.anchorRow, state.anchorCol, state.squareSize, [&](int row, int column) {
-        const double value = cellAt(state.puzzle, row, column);
+    return walkLine(kind, {state.anchorRow, state.anchorCol}, state.squareSize, [&](Cell cell) {
+        const double value = cellAt(state.puzzle, cell);
         if (value == blankMarker(kind))
             return false;
         state.blanksOnShape += isBlank(value);
@@ -46,7 +42,7 @@ void place(ProgramState& state, const PropertyFamily& family) {
         state.lineKind = kind;
         makeblanks(state);
         if (state.blankAccepted == 1) {
-            cellAt(state.puzzle, state.anchorRow, state.anchorCol) = blankMarker(kind);
+            cellAt(state.puzzle, {state.anchorRow, state.anchorCol}) = blankMarker(kind);
             state.blankPlaced = 1;
             return;
         }

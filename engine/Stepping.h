@@ -4,35 +4,38 @@
 
 namespace quarvelle {
 
-/// Moves the main cursor (`curRow`, `curCol`) one step of `lineKind`: whole-line kinds add their step to the
-/// cursor, five-cell kinds set it to the anchor (`anchorRow`, `anchorCol`) plus the offset of `stepIndex` (0
-/// to 3 the other cells, 4 the anchor, others leave it). Neither wraps the cursor nor advances `stepIndex`.
+/// The stepping rule: where a walk along `kind` from `anchor` goes next when it stands at `cursor`.
+/// Whole-line kinds add their step to the cursor; five-cell kinds set it to the anchor plus the offset of
+/// `stepIndex` (0 to 3 the other cells, 4 the anchor itself, any other leaves it). The result isn't wrapped.
+inline Cell stepped(int kind, Cell anchor, Cell cursor, int stepIndex) {
+    if (kind <= wholeLineKinds)
+        return cursor + wholeLineStep(kind);
+    if (stepIndex < 0 || stepIndex > 4)
+        return cursor;
+    return stepIndex == 4 ? anchor : anchor + shapeOffsets(kind)[static_cast<std::size_t>(stepIndex)];
+}
+
+/// Moves the main cursor (`curRow`, `curCol`) by the stepping rule for `lineKind`, the anchor (`anchorRow`,
+/// `anchorCol`) and `stepIndex`. Neither wraps the cursor nor advances `stepIndex`.
 void findline2(ProgramState& state);
 
-/// The same for the probe cursor and `probeKind`, five-cell kinds only; whole-line kinds leave it. The probe
-/// visits the cells of an arm of a cross-diagonal, the first arm apart, with steps 0 and 2 exchanged.
+/// The same for the probe cursor, its anchor and `probeKind`, five-cell kinds only; whole-line kinds leave
+/// it. The probe visits the cells of an arm of a cross-diagonal, the first arm apart, with steps 0 and 2
+/// exchanged.
 void findline1(ProgramState& state);
 
-/// Calls `visit(row, column)` for each cell of the line of `kind` through the given cell, that cell first, in
-/// walking order with wrap-around, until the line is whole (n cells or five) or `visit` returns false.
-/// Returns whether the whole line was visited.
+/// Calls `visit` for each cell of the line of `kind` through `anchor`, that cell first, by the stepping rule
+/// with wrap-around, until the line is whole (n cells or five) or `visit` returns false. Returns whether the
+/// whole line was visited.
 template <class Visit>
-bool walkLine(int kind, int row, int column, int n, Visit visit) {
-    if (!visit(row, column))
-        return false;
-    if (kind > wholeLineKinds) {
-        for (const Step offset : shapeOffsets(kind))
-            if (!visit(wrapped(row + offset.row, n), wrapped(column + offset.column, n)))
-                return false;
-        return true;
-    }
-    const Step step = wholeLineStep(kind);
-    for (int count = 1; count < n; ++count) {
-        row = wrapped(row + step.row, n);
-        column = wrapped(column + step.column, n);
-        if (!visit(row, column))
+bool walkLine(int kind, Cell anchor, int n, Visit visit) {
+    Cell cursor = anchor;
+    int stepIndex = 0;
+    do {
+        if (!visit(cursor))
             return false;
-    }
+        cursor = wrapped(stepped(kind, anchor, cursor, stepIndex++), n);
+    } while (cursor != anchor);
     return true;
 }
 

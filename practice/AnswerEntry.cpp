@@ -1,7 +1,7 @@
 #include "practice/AnswerEntry.h"
 
+#include "engine/BoardGeometry.h"
 #include "engine/LineKinds.h"
-#include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
 #include "practice/Board.h"
 #include "practice/Titles.h"
@@ -62,9 +62,9 @@ void AnswerEntry::Text6_KeyDown(int keyCode, int) {
 
 bool AnswerEntry::isRight(double entry) const {
     const ProgramState& state = m_window.state();
-    const double answer = cellAt(state.square, state.selectedRow, state.selectedColumn);
-    // With a distance such as 0.1 the number in the square isn't always the one its text reads as.
-    return entry == answer || numberText(entry) == numberText(answer);
+    const double answer = cellAt(state.square, {state.selectedRow, state.selectedColumn});
+    // A number that needs more digits than a text has isn't the one that its text reads as.
+    return numberText(entry) == numberText(answer);
 }
 
 void AnswerEntry::takeWrongAnswer(double entry) {
@@ -81,8 +81,8 @@ void AnswerEntry::takeWrongAnswer(double entry) {
 
 void AnswerEntry::takeRightAnswer() {
     ProgramState& state = m_window.state();
-    const double answer = cellAt(state.square, state.selectedRow, state.selectedColumn);
-    cellAt(state.puzzle, state.selectedRow, state.selectedColumn) = answer;
+    const double answer = cellAt(state.square, {state.selectedRow, state.selectedColumn});
+    cellAt(state.puzzle, {state.selectedRow, state.selectedColumn}) = answer;
     drawNumber(state, m_window.boardPage(), state.selectedCellX,
                state.selectedCellX - 1 + signPlace + signRoom(state, answer), state.selectedCellY + 3,
                answer);

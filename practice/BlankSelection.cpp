@@ -30,7 +30,7 @@ public:
 
 private:
     Cell candidate() const { return {m_state.anchorRow, m_state.anchorCol}; }
-    double& candidateCell() { return cellAt(m_state.puzzle, m_state.anchorRow, m_state.anchorCol); }
+    double& candidateCell() { return cellAt(m_state.puzzle, candidate()); }
     void drawCandidate();
     bool diagonalTakesPart(int kind) const;
     bool diagonalsTakePart() const;
@@ -133,8 +133,8 @@ void Selection::placeRoot(int kind) {
     m_state.probeKind = kind;
     m_state.probeAnchorRow = m_state.anchorRow;
     m_state.probeAnchorCol = m_state.anchorCol;
-    walkLine(kind, m_state.anchorRow, m_state.anchorCol, m_state.squareSize, [this](int row, int column) {
-        m_root.insert({row, column});
+    walkLine(kind, candidate(), m_state.squareSize, [this](Cell cell) {
+        m_root.insert(cell);
         return true;
     });
 }

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "engine/BoardGeometry.h"
 #include "engine/LineKinds.h"
-#include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
 #include "ui/Drawing.h"
 
@@ -59,7 +59,7 @@ void drawGrid(const ProgramState& state, Canvas& canvas, const Piece& piece) {
 
 /// Cell (`a`, `b`) of the square, drawn with its top-left grid corner at (`cellX`, `cellY`).
 void drawCell(const ProgramState& state, Canvas& canvas, int a, int b, int cellX, int cellY) {
-    const double shown = cellAt(state.puzzle, a, b);
+    const double shown = cellAt(state.puzzle, {a, b});
     const int x = cellX + textInsetX;
     const int y = cellY + textInsetY;
     if (state.highlightAnswers == 1 && isBlank(shown) && state.showAnswers == 1 &&
@@ -68,14 +68,15 @@ void drawCell(const ProgramState& state, Canvas& canvas, int a, int b, int cellX
                              QColor(192, 192, 192));
     if (state.showAnswers != 1 && isBlank(shown))
         return;
-    const double value = state.showAnswers == 1 ? cellAt(state.square, a, b) : shown;
+    const double value = state.showAnswers == 1 ? cellAt(state.square, {a, b}) : shown;
     drawNumber(state, canvas, cellX, x + signRoom(state, shown), y, value);
 }
 
 } // namespace
 
 int signRoom(const ProgramState& state, double value) {
-    return hasNegativeNumbers(state) && value >= 0 ? 3 : 0;
+    const int n = state.squareSize;
+    return value >= 0 && hasNegativeNumbers(n, state.startNumber, state.distance) ? 3 : 0;
 }
 
 void drawNumber(const ProgramState& state, Canvas& canvas, int cellX, int x, int y, double value) {
@@ -84,7 +85,7 @@ void drawNumber(const ProgramState& state, Canvas& canvas, int cellX, int x, int
 }
 
 void resetPosition(ProgramState& state) {
-    state.boardLeft = state.boardTop = 8;
+    state.boardLeft = state.boardTop = boardMargin;
     state.pageColumn = state.pageRow = 1;
 }
 

@@ -1,7 +1,7 @@
 #include "practice/CellSelection.h"
 
-#include "engine/MagicArithmetic.h"
-#include "practice/Titles.h"
+#include "engine/BoardGeometry.h"
+#include "engine/LineKinds.h"
 #include "ui/BoardPage.h"
 #include "ui/MainWindow.h"
 
@@ -10,11 +10,11 @@ namespace quarvelle {
 bool CellSelection::mayAnswer() const {
     const ProgramState& state = m_window.state();
     return state.practising == 1 && state.stopRequested == Request::playing &&
-           m_window.windowTitle().toStdString() != constructionTitle(state);
+           state.answering == 1;
 }
 
 bool CellSelection::isBlank(Cell cell) const {
-    return quarvelle::isBlank(cellAt(m_window.state().puzzle, cell.row, cell.column));
+    return quarvelle::isBlank(cellAt(m_window.state().puzzle, cell));
 }
 
 Cell CellSelection::cell() const {
@@ -22,8 +22,7 @@ Cell CellSelection::cell() const {
 }
 
 Cell CellSelection::neighbour(Cell from, Step step) const {
-    const int n = m_window.state().squareSize;
-    return {wrapped(from.row + step.row, n), wrapped(from.column + step.column, n)};
+    return wrapped(from + step, m_window.state().squareSize);
 }
 
 Cell CellSelection::blankTowards(Cell from, Step step) const {

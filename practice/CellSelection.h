@@ -1,7 +1,6 @@
 #pragma once
 
 #include "engine/Cells.h"
-#include "engine/LineKinds.h"
 
 namespace quarvelle {
 

@@ -1,5 +1,6 @@
 #include "practice/PracticeDriver.h"
 
+#include "engine/BoardGeometry.h"
 #include "engine/Construction.h"
 #include "engine/EventQueue.h"
 #include "engine/LineKinds.h"
@@ -24,7 +25,7 @@ QStringList textsOfNumbers(const ProgramState& state) {
     QStringList texts;
     for (int row = 1; row <= state.squareSize; ++row)
         for (int column = 1; column <= state.squareSize; ++column)
-            texts << QString::fromStdString(numberText(cellAt(state.square, row, column)));
+            texts << QString::fromStdString(numberText(cellAt(state.square, {row, column})));
     return texts;
 }
 
@@ -39,7 +40,7 @@ PracticeDriver::PracticeDriver(MainWindow& window, RandomSource& random, EventQu
 void PracticeDriver::Command4_Click() {
     openRun();
     // Tidying may have brought in a distance with which the board doesn't fit.
-    if (!boardIsTooLarge(m_window.state()) && hasPlayableNumbers(m_window.state()))
+    if (boardGeometry(m_window.state()).hasAllCells && hasPlayableNumbers(m_window.state()))
         while (playSquare()) {
         }
     closeRun();
@@ -99,6 +100,7 @@ void PracticeDriver::showPuzzle() {
     showsquare(state, board);
     state.remainingBlanks = state.placeIndex;
     m_window.showTitle(scoreTitle(state));
+    state.answering = 1;
     CellSelection(m_window).start();
     m_window.boardPage().announce(QString("%1New square of %2 by %2. Blanks: %3")
                                       .arg(m_solved ? "Solved. " : "")
@@ -122,6 +124,7 @@ bool PracticeDriver::waitForPlayer() {
 void PracticeDriver::closeSquare() {
     ProgramState& state = m_window.state();
     m_window.boardPage().endPuzzle();
+    state.answering = 0;
     m_window.boardPage().clear();
     resetPosition(state);
     state.showAnswers = 1;
@@ -136,9 +139,9 @@ void PracticeDriver::closeRun() {
     ProgramState& state = m_window.state();
     state.startNumber = state.baseStart;
     m_window.boardPage().endPuzzle();
-    state.practising = 0;
+    state.practising = state.answering = 0;
     state.puzzleMode = state.savedPuzzleMode;
-    state.boardLeft = state.boardTop = 8;
+    resetPosition(state);
     m_window.boardPage().clear();
     m_window.setWindowTitle("Quarvelle");
     Pages::returnToMain(m_window);

@@ -1,6 +1,5 @@
 #include "practice/RunSettings.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "engine/MagicArithmetic.h"
@@ -10,20 +9,6 @@
 #include "ui/MainPage.h"
 
 namespace quarvelle {
-
-namespace {
-
-constexpr int boardMargin = 8;
-constexpr int fewestColumns = 2;
-
-/// How many cells of `cellSize` pixels the board shows of `n`.
-int visibleCells(int n, double cellSize, int limit) {
-    if (boardMargin + n * cellSize <= limit)
-        return n;
-    return std::max(fewestColumns, static_cast<int>((limit - boardMargin) / cellSize));
-}
-
-} // namespace
 
 void tidyRandomStarts(const MainPage& page) {
     if (page.controls().Text7->number() < 1)
@@ -54,24 +39,17 @@ void readCounts(ProgramState& state, const MainPage& page) {
     state.printCount = controls.Text1->number();
 }
 
-void measureBoard(ProgramState& state) {
-    state.digitWidth = cellCharacters(state);
-    state.maxDigits = static_cast<std::int16_t>(longestEndText(state));
-    state.cellWidth = cellWidthFor(state.digitWidth);
-    state.visibleColumns = visibleCells(state.squareSize, state.cellWidth, state.boardWidthLimit);
-    state.visibleRows = visibleCells(state.squareSize, rowHeight, state.boardHeightLimit);
-}
-
 void drawStartNumber(ProgramState& state, const MainPage& page, RandomSource& random) {
-    state.randomStartLimit = 1;
+    double limit = 1;
     for (int digit = 0; digit < state.maxDigits; ++digit)
-        state.randomStartLimit *= 10;
-    const double numbers = state.distance * state.squareSize * state.squareSize;
-    const double starts = state.randomStartLimit - (state.baseStart + numbers);
-    state.startNumber = state.baseStart + std::floor(random.draw() * (starts - 1));
+        limit *= 10;
+    const double n = state.squareSize;
+    const double starts = limit - SquareNumbers(state.baseStart, state.distance).realValue(n * n + 1);
+    double steps = std::floor(random.draw() * (starts - 1));
     const double asked = page.controls().Text7->number();
     if (asked < starts)
-        state.startNumber = state.baseStart + std::floor(random.draw() * asked);
+        steps = std::floor(random.draw() * asked);
+    state.startNumber = SquareNumbers(state.baseStart, 1).realValue(steps + 1);
     if (!hasPlayableNumbers(state))
         state.startNumber = state.baseStart;
 }

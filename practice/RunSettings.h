@@ -17,10 +17,6 @@ void readNumbers(ProgramState& state, MainPage& page);
 /// Takes `blankCount`, at least 1, and `printCount` from their boxes.
 void readCounts(ProgramState& state, const MainPage& page);
 
-/// `digitWidth`, `maxDigits`, `cellWidth`, and the columns and rows that have room on the board (at least two
-/// columns), from the size and the numbers of the square.
-void measureBoard(ProgramState& state);
-
 /// Draws a `startNumber` from `baseStart` on, as many as keep the last number below 10 to the power
 /// `maxDigits`; where the box asks for fewer starting numbers than there are, among that many. One draw, or
 /// two. Keeps `baseStart` where the numbers drawn could be taken for blanks.

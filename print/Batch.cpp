@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "engine/BoardGeometry.h"
 #include "engine/Construction.h"
 #include "engine/EventQueue.h"
 #include "engine/MagicArithmetic.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/MagicArithmetic.h"
+#include "engine/BoardGeometry.h"
 #include "engine/ProgramState.h"
 #include "practice/Board.h"
 #include "ui/Fonts.h"

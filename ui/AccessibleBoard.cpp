@@ -30,7 +30,7 @@ public:
     QString text(QAccessible::Text kind) const override {
         if (kind != QAccessible::Name || !isValid())
             return {};
-        const double value = quarvelle::cellAt(m_board.state().puzzle, m_column + 1, m_row + 1);
+        const double value = quarvelle::cellAt(m_board.state().puzzle, {m_column + 1, m_row + 1});
         return isBlank(value) ? QString("blank") : QString::fromStdString(numberText(value));
     }
 

@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "engine/MagicArithmetic.h"
+#include "engine/BoardGeometry.h"
 #include "ui/Fonts.h"
 
 namespace quarvelle {
@@ -29,16 +29,14 @@ BoardPage::BoardPage(const ProgramState& state, QWidget* parent) : DrawingSurfac
 }
 
 void BoardPage::beginPuzzle() {
-    m_hasPuzzle = true;
     tellCellsCameOrWent();
 }
 
 void BoardPage::endPuzzle() {
     // No cell that goes has the focus.
-    if (QAccessible::isActive() && m_hasPuzzle && hasFocus())
+    if (QAccessible::isActive() && hasPuzzle() && hasFocus())
         tell(QAccessible::queryAccessibleInterface(this), QAccessible::Focus);
     closeAnswerBox();
-    m_hasPuzzle = false;
     tellCellsCameOrWent();
     update();
 }
@@ -78,7 +76,7 @@ QRect BoardPage::cellArea(int column, int row) const {
 
 void BoardPage::paintEvent(QPaintEvent* event) {
     DrawingSurface::paintEvent(event);
-    if (!m_hasPuzzle)
+    if (!hasPuzzle())
         return;
     QPainter painter(this);
     // Inside the grid lines.

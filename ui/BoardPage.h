@@ -22,7 +22,7 @@ public:
     /// the state says is selected, is marked.
     void beginPuzzle();
     void endPuzzle();
-    bool hasPuzzle() const { return m_hasPuzzle; }
+    bool hasPuzzle() const { return m_state.answering == 1; }
     /// Gives the keyboard to the board, which shows by its mark where on it.
     void takeKeyboard();
     /// The selection has moved.
@@ -54,7 +54,6 @@ private:
 
     Ui::BoardPage m_controls;
     const ProgramState& m_state;
-    bool m_hasPuzzle = false;
 };
 
 } // namespace quarvelle

@@ -1,5 +1,6 @@
 #include "ui/MainPage.h"
 
+#include "engine/BoardGeometry.h"
 #include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
 #include "engine/PrimeOrder.h"
@@ -62,7 +63,8 @@ void MainPage::showReadouts() {
 
 void MainPage::fitboard() {
     const bool playable = hasPlayableNumbers(m_state);
-    const bool practicable = !boardIsTooLarge(m_state) && playable;
+    const bool practicable = boardGeometry(m_state).hasAllCells && playable;
+    measureBoard(m_state);
     m_controls.Command4->setEnabled(practicable);
     m_controls.Label19->setVisible(!practicable);
     m_controls.Command1->setEnabled(playable && m_state.squareSize <= maxBatchOrder);

@@ -26,7 +26,8 @@ public:
     /// Stores `magicTotalText` and shows the Magic Total and the last number of the current settings.
     void showReadouts();
     /// Offers practice only for a board that fits and batches only up to order 101, both only for numbers
-    /// that can't be taken for blanks; says "(Larger than Page)" where practice is refused.
+    /// that can't be taken for blanks; says "(Larger than Page)" where practice is refused. Measures the
+    /// board.
     void fitboard();
     /// Gives the keyboard to the practice button, or to the size box while practice is refused.
     void focusPractice();

@@ -1,14 +1,16 @@
 #include "engine/Numbers.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 
+#include "engine/BoardGeometry.h"
+#include "engine/Construction.h"
 #include "engine/MagicArithmetic.h"
 #include "engine/PrimeOrder.h"
 #include "engine/ProgramState.h"
-#include "engine/Random.h"
 #include "engine/SquareCount.h"
-#include "practice/RunSettings.h"
+#include "tests/support/Scripted.h"
 
 namespace quarvelle::testing {
 
@@ -37,23 +39,61 @@ TEST(Numbers, SurviveWritingAndReading) {
     }
 }
 
+static std::string hundredthsText(long hundredths) {
+    const std::string magnitude = std::to_string(1000 + std::labs(hundredths) % 100);
+    std::string text =
+        (hundredths < 0 ? "-" : "") + std::to_string(std::labs(hundredths) / 100) + "." + magnitude.substr(2);
+    text.erase(text.find_last_not_of('0') + 1);
+    return text.back() == '.' ? text.substr(0, text.size() - 1) : text;
+}
+
+TEST(Numbers, AreWhatDecimalArithmeticSays) {
+    const auto state = std::make_unique<ProgramState>();
+    ScriptedRandom random;
+    ScriptedEvents events;
+    for (const int n : {5, 7, 11})
+        for (long start = -990; start <= 990; start += 10)
+            for (const long step : {10, 20, 30, 40, 50, 60, 70, 80, 90, 1, 25, 1250}) {
+                const double s = leadingNumber(hundredthsText(start));
+                const double d = leadingNumber(hundredthsText(step));
+                std::vector<double> decimals, numbers;
+                for (int k = 0; k < n * n; ++k)
+                    decimals.push_back(leadingNumber(hundredthsText(start + k * step)));
+                state->squareSize = static_cast<std::int16_t>(n);
+                state->startNumber = s;
+                state->distance = d;
+                buildCompleteSquare(*state, random, events);
+                for (int row = 1; row <= n; ++row)
+                    numbers.insert(numbers.end(), &state->square[row][1], &state->square[row][n + 1]);
+                std::ranges::sort(numbers);
+                ASSERT_TRUE(numbers == decimals) << s << ' ' << d;
+                ASSERT_EQ(lastNumber(n, s, d), decimals.back()) << s << ' ' << d;
+                ASSERT_EQ(numberText(magicTotal(n, s, d)),
+                          hundredthsText(n * start + step * n * (n * n - 1) / 2));
+            }
+    EXPECT_EQ(magicTotal(5, -13, 1.1), 1);
+    // Where a double can't hold the decimals.
+    EXPECT_EQ(lastNumber(5, 1e16, 0.7), 1e16 + 0.7 * 24);
+    EXPECT_EQ(lastNumber(5, 0.1, 1e-16), 0.1 + 1e-16 * 24);
+}
+
 TEST(Numbers, DecideWhatFitsOnTheBoard) {
     // n, s, d, the width of a cell and how many fit across
-    const std::tuple<std::int16_t, double, double, double, int> rows[] = {
-        {29, 1, 1, 24, 29},        {31, 1, 1, 24, 31},    {5, -500, 58, 32, 5},
-        {5, -500, 100, 40, 5},     {5, -1000, -1, 40, 5}, {29, 1, 1e14, 56, 13},
+    const std::tuple<std::int16_t, double, double, int, int> rows[] = {
+        {29, 1, 1, 24, 29},        {31, 1, 1, 24, 31},    {5, -500, 58, 32, 5},  {5, -500, 100, 40, 5},
+        {5, -0.3, 0.1, 32, 5},     {5, -2.4, 0.1, 32, 5}, {5, -1000, -1, 40, 5}, {29, 1, 1e14, 56, 13},
         {5, 1e200, -1e199, 72, 5}, {5, 1, 1e199, 64, 5},  {32749, 1, 1, 80, 9}};
     for (const auto& [n, s, d, cellWidth, columns] : rows) {
         ProgramState state;
         state.squareSize = n;
         state.startNumber = s;
         state.distance = d;
-        measureBoard(state);
+        const BoardGeometry board = boardGeometry(state);
         SCOPED_TRACE(s);
-        EXPECT_EQ(state.cellWidth, cellWidth);
-        EXPECT_EQ(state.visibleColumns, columns);
-        EXPECT_EQ(state.visibleRows, std::min<int>(n, 29));
-        EXPECT_EQ(boardIsTooLarge(state), columns < n || n > 29);
+        EXPECT_EQ(board.cellWidth, cellWidth);
+        EXPECT_EQ(board.visibleColumns, columns);
+        EXPECT_EQ(board.visibleRows, std::min<int>(n, 29));
+        EXPECT_EQ(board.hasAllCells, columns == n && n <= 29);
         EXPECT_EQ(hasPlayableNumbers(state), std::fabs(d) < 1e199);
     }
 }

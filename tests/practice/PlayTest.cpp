@@ -16,7 +16,7 @@ protected:
             if (std::exchange(first, false)) {
                 state().puzzle = state().square;
                 for (const Cell& cell : m_blanks)
-                    at(state().puzzle, cell) = emptyMarker;
+                    cellAt(state().puzzle, cell) = emptyMarker;
                 state().remainingBlanks = static_cast<int>(m_blanks.size()) + 1;
             }
             player();
@@ -26,7 +26,7 @@ protected:
     }
 
     void enterRightAnswer() {
-        const double answer = at(state().square, {state().selectedRow, state().selectedColumn});
+        const double answer = cellAt(state().square, {state().selectedRow, state().selectedColumn});
         typeText(QString::fromStdString(numberText(answer)));
         pressKey(Qt::Key_Return);
     }
@@ -131,7 +131,7 @@ TEST_F(PlayTest, IsHeardWithoutAScreen) {
         EXPECT_EQ(textOf(QAccessible::queryAccessibleInterface(&answerBox())), "Row 4, column 4");
         EXPECT_EQ(news(), "99 is wrong. Numbers incorrect: 1");
         enterRightAnswer();
-        EXPECT_EQ(textOf(cell), numberText(at(state().square, {4, 4})));
+        EXPECT_EQ(textOf(cell), numberText(cellAt(state().square, {4, 4})));
         for (int left = 3; left > 0; --left) {
             EXPECT_EQ(news(), "Right. Blanks left: " + numberText(left));
             pressKey(Qt::Key_Tab);

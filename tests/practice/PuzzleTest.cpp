@@ -31,7 +31,8 @@ protected:
                 seen.insert(seen.end(), flags.begin(), flags.end());
             // The count of attempts is back at 0 after a scan.
             if (s.placeIndex > std::exchange(placed, s.placeIndex))
-                m_kinds.emplace(markerKind(cellAt(s.puzzle, s.anchorRow, s.anchorCol)), s.attemptCount == 0);
+                m_kinds.emplace(markerKind(cellAt(s.puzzle, {s.anchorRow, s.anchorCol})),
+                                s.attemptCount == 0);
         };
         isLiteral ? Literal{s, draws, turns}.selectBlanks() : selectBlanks(s, draws, turns);
         turns.yield();
@@ -44,7 +45,7 @@ protected:
         for (const Line& line : linesInPlay(*stateOf(s.squareSize, 1, 1))) {
             double sum = 0;
             for (const Cell& cell : line)
-                sum += *numbers.insert(at(s.square, cell)).first;
+                sum += *numbers.insert(cellAt(s.square, cell)).first;
             EXPECT_EQ(sum, total);
         }
         EXPECT_EQ(std::ssize(numbers), s.squareSize * s.squareSize);
@@ -174,7 +175,7 @@ TEST(LineKinds, HaveAProbeThatExchangesStepsOnSomeArms) {
         findline1(s);
         // Not on the first arm of a cross-diagonal, and nowhere on a cross-line.
         const Step step = shapeOffsets(kind)[kind < 15 && kind % 5 > 1 ? 2 : 0];
-        EXPECT_EQ(Cell(s.probeRow, s.probeCol), Cell(step.row, step.column)) << kind;
+        EXPECT_TRUE((Cell{s.probeRow, s.probeCol} == Cell{step.row, step.column})) << kind;
     }
 }
 

@@ -44,9 +44,9 @@ protected:
                 if (piece == 0)
                     squares.push_back({area, label});
                 for (const auto& [cell, number] : numbers)
-                    squares.back().numbers[{cell.first + left, cell.second + top}] = number;
+                    squares.back().numbers[{cell.row + left, cell.column + top}] = number;
                 for (const Cell& cell : shaded)
-                    squares.back().shaded.emplace(cell.first + left, cell.second + top);
+                    squares.back().shaded.insert({cell.row + left, cell.column + top});
                 piece = (piece + 1) % pieces;
             }
             EXPECT_EQ(sheet.frame, sheet.content | QRect(QPoint(8, 8), QPoint(753, 530)));

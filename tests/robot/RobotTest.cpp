@@ -11,7 +11,7 @@ static const std::vector<QString> hostileNumbers{
     // clang-format off
     "1E+308", "-1E+308", "1E-320", "999999999", "-0", "1e", "++1", "0x10", "1.5E+16", "000000000", "1E+999",
     "1,5", ".", "-", "inf", "nan", "5.5", "-7", "32771", "1E199", "\xD9\xA3", "\xE2\x88\x92" "3", "1E+15",
-    "0.1", "1E-5", "", "0", "103", "99999999", " 13", "7q",
+    "0.1", "-2.4", "1E-5", "", "0", "103", "99999999", " 13", "7q",
     // clang-format on
 };
 
@@ -110,13 +110,13 @@ protected:
             return;
         const int width = static_cast<int>(state().cellWidth);
         const auto boxOf = [width](Cell cell) {
-            return QRect(width * cell.first + 8 - width, 18 * cell.second - 10, width + 1, 18);
+            return QRect(width * cell.row + 8 - width, 18 * cell.column - 10, width + 1, 18);
         };
         const auto blanks = blanksOf(state());
         QPoint point{below(900), below(700)};
         if (!blanks.empty() && below(8) != 0)
             point = boxOf(oneOf(blanks)).topLeft() + QPoint{below(width), below(18)};
-        const Cell cell(std::floor((point.x() - 8.0) / width) + 1, std::floor((point.y() - 8.0) / 18) + 1);
+        const Cell cell{(point.x() - 8 + width) / width, (point.y() + 10) / 18};
         const auto look = [this] {
             const EntryBox& box = answerBox();
             return std::tuple(box.isVisible(), window().focusWidget() == &box, box.isEnabled(),
@@ -151,7 +151,7 @@ protected:
 
     /// Mostly with the right number.
     void answerCell() {
-        const auto answer = numberText(at(state().square, {state().selectedRow, state().selectedColumn}));
+        const auto answer = numberText(cellAt(state().square, {state().selectedRow, state().selectedColumn}));
         const auto right = QString::fromStdString(answer);
         const bool isMeantRight = below(4) != 0;
         typeText(isMeantRight ? right : oneOf(hostileNumbers));

@@ -6,16 +6,11 @@
 #include <utility>
 #include <vector>
 
-#include "engine/ProgramState.h"
+#include "engine/Cells.h"
 
 namespace quarvelle::testing {
 
-using Cell = std::pair<int, int>;
 using Line = std::vector<Cell>;
-
-inline auto& at(auto& grid, Cell cell) {
-    return grid[cell.first][cell.second];
-}
 
 /// `modes` are in the order of the kinds.
 inline std::unique_ptr<ProgramState> stateOf(int n, int rows, int diagonals,
@@ -39,8 +34,8 @@ inline std::set<Line> linesInPlay(const ProgramState& state) {
         Line line;
         bool wraps = false;
         for (const auto& [down, right] : offsets) {
-            const Cell cell(from.first + down, from.second + right);
-            line.emplace_back((cell.first + n - 1) % n + 1, (cell.second + n - 1) % n + 1);
+            const Cell cell{from.row + down, from.column + right};
+            line.push_back({(cell.row + n - 1) % n + 1, (cell.column + n - 1) % n + 1});
             wraps = wraps || line.back() != cell;
         }
         std::ranges::sort(line);
@@ -54,9 +49,9 @@ inline std::set<Line> linesInPlay(const ProgramState& state) {
     for (const auto& [mode, down, right] : runs) {
         Line offsets;
         for (int i = 0; i < n; ++i)
-            offsets.emplace_back(i * down, i * right);
+            offsets.push_back({i * down, i * right});
         for (int i = 1; i <= n; ++i)
-            add(mode, right == 0 ? Cell(1, i) : Cell(i, 1), offsets);
+            add(mode, right == 0 ? Cell{1, i} : Cell{i, 1}, offsets);
     }
     for (int row = 1; row <= n; ++row)
         for (int column = 1; column <= n; ++column) {
@@ -73,22 +68,22 @@ inline std::set<Cell> blanksOf(const ProgramState& state) {
     std::set<Cell> blanks;
     for (int row = 1; row <= state.squareSize; ++row)
         for (int column = 1; column <= state.squareSize; ++column)
-            if (at(state.puzzle, {row, column}) >= 1e200)
-                blanks.emplace(row, column);
+            if (cellAt(state.puzzle, {row, column}) >= 1e200)
+                blanks.insert({row, column});
     return blanks;
 }
 
 /// Solves the puzzle the way a person does, as far as that goes: again and again a line with one blank gives
 /// that blank. Uses only the numbers shown, the Magic Total and the lines in play.
 inline void solve(Grid& puzzle, const std::set<Line>& lines, double total) {
-    const auto isOpen = [&puzzle](Cell cell) { return at(puzzle, cell) >= 1e200; };
+    const auto isOpen = [&puzzle](Cell cell) { return cellAt(puzzle, cell) >= 1e200; };
     const auto hasOneOpen = [&](const Line& line) { return std::ranges::count_if(line, isOpen) == 1; };
     for (auto line = lines.begin(); (line = std::ranges::find_if(lines, hasOneOpen)) != lines.end();) {
-        double& blank = at(puzzle, *std::ranges::find_if(*line, isOpen));
+        double& blank = cellAt(puzzle, *std::ranges::find_if(*line, isOpen));
         blank = 0;
         double rest = total;
         for (const Cell& cell : *line)
-            rest -= at(puzzle, cell);
+            rest -= cellAt(puzzle, cell);
         blank = rest;
     }
 }

@@ -35,10 +35,7 @@ struct Literal {
         s.anchorCol = 1 + random.below(s.squareSize);
     }
 
-    Cell moved(Cell cell, Step step) const {
-        return {wrapped(cell.first + step.row, s.squareSize),
-                wrapped(cell.second + step.column, s.squareSize)};
-    }
+    Cell moved(Cell cell, Step step) const { return wrapped(cell + step, s.squareSize); }
 
     /// The cells of the line of `kind` through a cell, that cell first.
     Line line(int kind, Cell from) const {
@@ -62,9 +59,7 @@ struct Literal {
         if (kind <= 4)
             return s.allDiagonals != 0 || (s.mainDiagonalsAndLines == 1 &&
                                            (kind == 3 ? row + column == s.squareSize + 1 : row == column));
-        const auto fits = [&, row = row, column = column](Step step) {
-            return moved(candidate(), step) == Cell(row + step.row, column + step.column);
-        };
+        const auto fits = [this](Step step) { return moved(candidate(), step) == candidate() + step; };
         return modeOf(kind) == PropertyMode::all ||
                (modeOf(kind) == PropertyMode::onlyMain && std::ranges::all_of(shapeOffsets(kind), fits));
     }
@@ -75,9 +70,9 @@ struct Literal {
             return -1;
         int blanks = 0;
         for (const Cell& cell : line(kind, candidate())) {
-            if (at(s.puzzle, cell) == blankMarker(kind))
+            if (cellAt(s.puzzle, cell) == blankMarker(kind))
                 return -1;
-            blanks += isBlank(at(s.puzzle, cell));
+            blanks += isBlank(cellAt(s.puzzle, cell));
         }
         return blanks;
     }
@@ -104,7 +99,7 @@ struct Literal {
         s.lineUsable.fill(0);
         s.lineBlankCount.fill(0);
         s.bestBlankCount = 0;
-        for (int kind = 1; kind <= lineKindCount && !isBlank(at(s.puzzle, candidate())); ++kind) {
+        for (int kind = 1; kind <= lineKindCount && !isBlank(cellAt(s.puzzle, candidate())); ++kind) {
             const int blanks = blanksOn(kind);
             s.lineUsable[kind] = blanks >= 0;
             if (blanks >= s.bestBlankCount)
@@ -119,7 +114,7 @@ struct Literal {
         const int kind = chooseKind();
         if (s.placeIndex == 0) {
             s.probeKind = kind;
-            std::tie(s.probeAnchorRow, s.probeAnchorCol) = candidate();
+            s.probeAnchorRow = s.anchorRow, s.probeAnchorCol = s.anchorCol;
         } else if (!placeThrough(kind)) {
             s.lineRejected[kind] = 1;
             return false;
@@ -135,25 +130,26 @@ struct Literal {
             return false;
         Line needed{candidate()};
         for (int i = 0; i < std::ssize(needed); ++i)
-            for (const Cell& cell : line(i == 0 ? kind : markerKind(at(s.puzzle, needed[i])), needed[i])) {
+            for (const Cell& cell :
+                 line(i == 0 ? kind : markerKind(cellAt(s.puzzle, needed[i])), needed[i])) {
                 if (i != 0 && cell == candidate())
                     return false;
-                if (isBlank(at(s.puzzle, cell)) && std::ranges::count(needed, cell) == 0)
+                if (isBlank(cellAt(s.puzzle, cell)) && std::ranges::count(needed, cell) == 0)
                     needed.push_back(cell);
             }
-        at(s.puzzle, candidate()) = blankMarker(kind);
+        cellAt(s.puzzle, candidate()) = blankMarker(kind);
         return true;
     }
 
     /// What a systematic scan tries at the candidate; whether something was placed.
     bool placeAnywhere() {
-        if (isBlank(at(s.puzzle, candidate())))
+        if (isBlank(cellAt(s.puzzle, candidate())))
             return false;
         // A whole line has the cell at once; every property has its turn, and the last to place has it.
         for (int kind = 1; kind <= lineKindCount; ++kind)
             if ((kind < 5 || takesPart(3) || takesPart(4)) && placeThrough(kind))
                 kind = kind < 5 ? lineKindCount : kind / 5 * 5 + 4;
-        return isBlank(at(s.puzzle, candidate()));
+        return isBlank(cellAt(s.puzzle, candidate()));
     }
 
     bool scan() {
@@ -162,7 +158,8 @@ struct Literal {
         for (int cell = s.squareSize * s.squareSize; cell > 0 && s.placeIndex > 0; --cell) {
             if (placeAnywhere())
                 return true;
-            std::tie(s.anchorRow, s.anchorCol) = moved(candidate(), {1, s.anchorRow / s.squareSize});
+            const Cell next = moved(candidate(), {1, s.anchorRow / s.squareSize});
+            s.anchorRow = next.row, s.anchorCol = next.column;
         }
         return false;
     }

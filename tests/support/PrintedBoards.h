@@ -47,7 +47,7 @@ inline std::vector<ShownBoard> boardsOf(const Drawing& drawing, const ProgramSta
             auto& [area, ignored, numbers, shaded] = boards.back();
             const QPoint inside = (text ? text->point : filled->rectangle.topLeft()) - area.topLeft();
             const Cell cell{inside.x() / width + 1, inside.y() / 18 + 1};
-            const QPoint corner = area.topLeft() + QPoint((cell.first - 1) * width, (cell.second - 1) * 18);
+            const QPoint corner = area.topLeft() + QPoint((cell.row - 1) * width, (cell.column - 1) * 18);
             if (filled) {
                 const QRect room(corner + QPoint(1, 1), QSize(width - 1, 17));
                 EXPECT_TRUE(*filled == FilledRectangle(room, QColor(192, 192, 192)));

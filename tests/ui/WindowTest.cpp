@@ -14,6 +14,7 @@ TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
         {"103", "1", "0", "Magic Total = -273053 / Last number equals: -5303", 0},
         {"101", "-1.94E7", "1804", "Magic Total = -1030159600 / Last number equals: -999200", 1},
         {"5", "-4.1E9", "170416667", "Magic Total is {very large!} / Last number is {very large!}", 2},
+        {"5", "-2.4", "0.1", "Magic Total = -6 / Last number equals: 0", 2},
         {"5", "1E+200", "-", "Magic Total = 5E+200 / Last number equals: 1E+200", 0},
     };
     for (const auto& [size, start, distance, readouts, runsOffered] : rows) {
