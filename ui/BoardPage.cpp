@@ -1,49 +1,48 @@
 #include "ui/BoardPage.h"
 
-#include <QFontMetricsF>
+#include <QPainter>
 #include <algorithm>
 
-#include "ui/Fonts.h"
+#include "ui/PageScale.h"
+#include "ui/PixelGrid.h"
 
 namespace quarvelle {
 
 BoardPage::BoardPage(QWidget* parent) : DrawingSurface(parent) {
     m_controls.setupUi(this);
-    // The digits typed stand where the cell's number will: two pixels in, as a line edit has them anyway, and
-    // a pixel lower than its middle. At their end only the cursor needs room.
-    answerBox().setTextMargins(0, 1, -2, 0);
 }
 
-void BoardPage::fitAnswerBox(int cellWidth, const QStringList& numbers) {
-    QFont font = boardFont();
-    const QFontMetricsF metrics(font);
+void BoardPage::fitAnswerBox(int cellWidth, const QStringList& numbers, const AnswerBox::Insets& insets) {
     qsizetype longest = 0;
-    double widest = 0;
-    for (const QString& number : numbers) {
+    for (const QString& number : numbers)
         longest = std::max(longest, number.size());
-        widest = std::max(widest, metrics.horizontalAdvance(number));
-    }
-    answerBox().resize(cellWidth + 1, 18);
     answerBox().setTypedLimit(static_cast<int>(longest));
-    constexpr double startAndCursor = 3;
-    const double room = answerBox().width() - startAndCursor;
-    if (widest > room)
-        font.setStretch(static_cast<int>(100 * room / widest));
-    answerBox().setFont(font);
+    PageScale::setPlace(answerBox(), {PageScale::placeOf(answerBox()).topLeft(), QSize(cellWidth + 1, 18)});
+    m_controls.Text6->setInsets(insets);
 }
 
 void BoardPage::openAnswerBox(int left, int top) {
     answerBox().clear();
-    answerBox().move(left, top);
+    PageScale::setPlace(answerBox(), {QPoint(left, top), PageScale::placeOf(answerBox()).size()});
     answerBox().setEnabled(true);
     answerBox().show();
     answerBox().setFocus();
+    update();
 }
 
 void BoardPage::closeAnswerBox() {
     answerBox().setEnabled(false);
     answerBox().hide();
     answerBox().clear();
+    update();
+}
+
+void BoardPage::paintAbove(QPainter& painter) {
+    if (!answerBox().isVisible())
+        return;
+    // The cell stays framed by its grid lines.
+    const QRect cell = PageScale::placeOf(answerBox()).adjusted(1, 1, -1, 0);
+    PixelGrid::painted(painter, 1).fill(painter, cell, answerBox().palette().color(QPalette::Window));
 }
 
 } // namespace quarvelle

@@ -14,12 +14,14 @@ public:
 
     EntryBox& answerBox() const { return *m_controls.Text6; }
 
-    /// Sizes the box for a cell and lets it take and show each of `numbers` whole: its limit is the longest
-    /// of them, its font narrow enough for the widest.
-    void fitAnswerBox(int cellWidth, const QStringList& numbers);
+    /// Sizes the box for a cell, in pixels at 100 %, and lets it take each of `numbers` whole.
+    void fitAnswerBox(int cellWidth, const QStringList& numbers, const AnswerBox::Insets& insets);
     /// Empties the box, moves it to a cell's corner and gives it the keyboard.
     void openAnswerBox(int left, int top);
     void closeAnswerBox();
+
+protected:
+    void paintAbove(QPainter& painter) override;
 
 private:
     Ui::BoardPage m_controls;
