@@ -62,6 +62,7 @@ void CaptionCheckBox::paintEvent(QPaintEvent*) {
     initStyleOption(&option);
     option.text.clear();
     option.rect = style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this);
+    option.rect.translate(qRound(PageScale::factorOf(*this)), 0); // off the focus line
     painter.drawPrimitive(QStyle::PE_IndicatorCheckBox, option);
     painter.setPen(palette().color(QPalette::WindowText));
     captionLayout().draw(painter, captionBox(), Qt::AlignLeft | Qt::AlignVCenter, PageScale::factorOf(*this));
