@@ -12,10 +12,6 @@ namespace quarvelle {
 
 namespace {
 
-/// Inset of a cell's text from its top-left grid corner.
-constexpr int textInsetX = 2;
-constexpr int textInsetY = 3;
-
 /// The part of the square on the board, in cells from 1.
 struct Piece {
     int firstColumn;
@@ -60,8 +56,8 @@ void drawGrid(const ProgramState& state, Canvas& canvas, const Piece& piece) {
 /// Cell (`a`, `b`) of the square, drawn with its top-left grid corner at (`cellX`, `cellY`).
 void drawCell(const ProgramState& state, Canvas& canvas, int a, int b, int cellX, int cellY) {
     const double shown = cellAt(state.puzzle, {a, b});
-    const int x = cellX + textInsetX;
-    const int y = cellY + textInsetY;
+    const int x = cellX + textInset.x();
+    const int y = cellY + textInset.y();
     if (state.highlightAnswers == 1 && isBlank(shown) && state.showAnswers == 1 &&
         state.puzzleMode != PuzzleMode::answers)
         canvas.fillRectangle(x - 1, y - 2, x + static_cast<int>(state.cellWidth) - 3, y + 14,

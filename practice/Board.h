@@ -1,9 +1,14 @@
 #pragma once
 
+#include <QPoint>
+
 namespace quarvelle {
 
 class Canvas;
 struct ProgramState;
+
+/// From a cell's top-left grid corner to that of its text, in pixels.
+inline constexpr QPoint textInset(2, 3);
 
 /// Puts the board back in the window's corner, at the first piece.
 void resetPosition(ProgramState& state);

@@ -66,7 +66,7 @@ void CellSelection::moveTo(Cell cell) {
     state.selectedCellX = state.boardLeft + (cell.row - 1) * static_cast<int>(state.cellWidth);
     state.selectedCellY = state.boardTop + (cell.column - 1) * rowHeight;
     BoardPage& board = m_window.boardPage();
-    const QRect area = board.cellArea(cell.row, cell.column);
+    const QRect area = board.shown(board.cellArea(cell.row, cell.column)).toRect();
     const QPoint middle = board.mapTo(m_window.menus().pages, area.center());
     m_window.menus().client->ensureVisible(middle.x(), middle.y(), area.width(), area.height());
     board.markSelectedCell();

@@ -96,7 +96,8 @@ bool PracticeDriver::makePuzzle() {
 void PracticeDriver::showPuzzle() {
     ProgramState& state = m_window.state();
     BoardPage& board = m_window.boardPage();
-    board.fitAnswerBox(static_cast<int>(state.cellWidth), textsOfNumbers(state));
+    board.fitAnswerBox(static_cast<int>(state.cellWidth), textsOfNumbers(state),
+                       {textInset, signRoom(state, 0)});
     showsquare(state, board);
     state.remainingBlanks = state.placeIndex;
     m_window.showTitle(scoreTitle(state));

@@ -35,7 +35,7 @@ public:
     }
 
     QRect rect() const override {
-        const QRect area = m_board.cellArea(m_column + 1, m_row + 1);
+        const QRect area = m_board.shown(m_board.cellArea(m_column + 1, m_row + 1)).toRect();
         return {m_board.mapToGlobal(area.topLeft()), area.size()};
     }
 

@@ -1,12 +1,12 @@
 #include "ui/BoardPage.h"
 
 #include <QAccessible>
-#include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
 
 #include "engine/BoardGeometry.h"
-#include "ui/Fonts.h"
+#include "ui/PageScale.h"
+#include "ui/PixelGrid.h"
 
 namespace quarvelle {
 
@@ -23,9 +23,6 @@ void tell(QAccessibleInterface* about, QAccessible::Event what) {
 
 BoardPage::BoardPage(const ProgramState& state, QWidget* parent) : DrawingSurface(parent), m_state(state) {
     m_controls.setupUi(this);
-    // The digits typed stand where the cell's number will: two pixels in, as a line edit has them anyway, and
-    // a pixel lower than its middle. At their end only the cursor needs room.
-    answerBox().setTextMargins(0, 1, -2, 0);
 }
 
 void BoardPage::beginPuzzle() {
@@ -74,51 +71,47 @@ QRect BoardPage::cellArea(int column, int row) const {
             cellWidth + 1, rowHeight + 1};
 }
 
-void BoardPage::paintEvent(QPaintEvent* event) {
-    DrawingSurface::paintEvent(event);
-    if (!hasPuzzle())
-        return;
-    QPainter painter(this);
-    // Inside the grid lines.
-    constexpr int thickness = 2;
-    const QRectF inside =
-        QRectF(cellArea(m_state.selectedRow, m_state.selectedColumn)).adjusted(1, 1, -1, -1);
-    painter.setPen(QPen(QColor(0, 96, 224), thickness, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter.drawRect(inside.adjusted(1, 1, -1, -1));
-}
-
-void BoardPage::fitAnswerBox(int cellWidth, const QStringList& numbers) {
-    QFont font = boardFont();
-    const QFontMetricsF metrics(font);
+void BoardPage::fitAnswerBox(int cellWidth, const QStringList& numbers, const AnswerBox::Insets& insets) {
     qsizetype longest = 0;
-    double widest = 0;
-    for (const QString& number : numbers) {
+    for (const QString& number : numbers)
         longest = std::max(longest, number.size());
-        widest = std::max(widest, metrics.horizontalAdvance(number));
-    }
-    answerBox().resize(cellWidth + 1, 18);
     answerBox().setTypedLimit(static_cast<int>(longest));
-    constexpr double startAndCursor = 3;
-    const double room = answerBox().width() - startAndCursor;
-    if (widest > room)
-        font.setStretch(static_cast<int>(100 * room / widest));
-    answerBox().setFont(font);
+    PageScale::setPlace(answerBox(), {PageScale::placeOf(answerBox()).topLeft(), QSize(cellWidth + 1, 18)});
+    m_controls.Text6->setInsets(insets);
 }
 
 void BoardPage::openAnswerBox(int left, int top) {
     answerBox().clear();
     answerBox().setAccessibleName(
         QString("Row %1, column %2").arg(m_state.selectedColumn).arg(m_state.selectedRow));
-    answerBox().move(left, top);
+    PageScale::setPlace(answerBox(), {QPoint(left, top), PageScale::placeOf(answerBox()).size()});
     answerBox().setEnabled(true);
     answerBox().show();
     answerBox().setFocus();
+    update();
 }
 
 void BoardPage::closeAnswerBox() {
     answerBox().setEnabled(false);
     answerBox().hide();
     answerBox().clear();
+    update();
+}
+
+void BoardPage::paintAbove(QPainter& painter) {
+    const PixelGrid grid = PixelGrid::painted(painter, 1);
+    if (answerBox().isVisible()) {
+        // The cell stays framed by its grid lines.
+        const QRect cell = PageScale::placeOf(answerBox()).adjusted(1, 1, -1, 0);
+        grid.fill(painter, cell, answerBox().palette().color(QPalette::Window));
+    } else if (hasPuzzle()) {
+        constexpr int thickness = 2;
+        const QRect inside =
+            cellArea(m_state.selectedRow, m_state.selectedColumn).adjusted(1, 1, -1, -1);
+        const QRegion frame = QRegion(inside) - inside.adjusted(thickness, thickness, -thickness, -thickness);
+        for (const QRect& side : frame)
+            grid.fill(painter, side, QColor(0, 96, 224));
+    }
 }
 
 void BoardPage::announce(const QString& news) {

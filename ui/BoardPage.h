@@ -31,9 +31,8 @@ public:
     /// drawing's pixels.
     QRect cellArea(int column, int row) const;
 
-    /// Sizes the box for a cell and lets it take and show each of `numbers` whole: its limit is the longest
-    /// of them, its font narrow enough for the widest.
-    void fitAnswerBox(int cellWidth, const QStringList& numbers);
+    /// Sizes the box for a cell, in pixels at 100 %, and lets it take each of `numbers` whole.
+    void fitAnswerBox(int cellWidth, const QStringList& numbers, const AnswerBox::Insets& insets);
     /// Empties the box, moves it to a cell's corner and gives it the keyboard.
     void openAnswerBox(int left, int top);
     void closeAnswerBox();
@@ -45,7 +44,7 @@ public:
     void tellCellChanged();
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void paintAbove(QPainter& painter) override;
     void focusInEvent(QFocusEvent* event) override;
 
 private:

@@ -5,6 +5,8 @@
 #include <QTextLayout>
 #include <algorithm>
 
+#include "ui/Fonts.h"
+
 namespace quarvelle {
 
 CaptionLayout::CaptionLayout(const QString& text, const QFont& font, const QSizeF& box, bool wraps)
@@ -23,7 +25,8 @@ bool CaptionLayout::layOut(const QString& text, double width, bool wraps) {
     const QFontMetricsF metrics(m_font);
     m_lines.clear();
     bool narrowEnough = true;
-    QTextLayout layout(text, m_font);
+    // Only blanks part words; a line that ends with a hyphen reads as a word cut in two.
+    QTextLayout layout(QString(text).replace('-', QChar(0x2011)), m_font);
     QTextOption option;
     option.setWrapMode(wraps ? QTextOption::WordWrap : QTextOption::NoWrap);
     layout.setTextOption(option);
@@ -42,25 +45,29 @@ bool CaptionLayout::layOut(const QString& text, double width, bool wraps) {
     return narrowEnough && metrics.height() + further * m_lineHeight <= m_box.height() + 0.01;
 }
 
-void CaptionLayout::draw(QPainter& painter, const QRectF& box, Qt::Alignment alignment) const {
+void CaptionLayout::draw(QPainter& painter, const QRectF& box, Qt::Alignment alignment, double factor) const {
     const QFontMetricsF metrics(m_font);
+    const QFont font = enlarged(m_font, factor);
+    const QFontMetricsF shownMetrics(font);
     const double height = metrics.height() + m_lineHeight * static_cast<double>(m_lines.size() - 1);
-    double top = box.top();
+    double baseline = box.top() + metrics.ascent();
     if (alignment & Qt::AlignVCenter)
-        top += std::max(0.0, (box.height() - height) / 2);
-    painter.save();
-    painter.setFont(m_font);
-    painter.translate(box.left(), top + metrics.ascent());
-    painter.scale(m_condensed, 1);
-    const double width = box.width() / m_condensed;
-    double baseline = 0;
+        baseline += std::max(0.0, (box.height() - height) / 2);
+    const QTransform natural = painter.transform();
+    painter.setFont(font);
     for (const QString& line : m_lines) {
-        const double slack = width - metrics.horizontalAdvance(line.trimmed());
         const bool centred = alignment & Qt::AlignHCenter;
-        painter.drawText(QPointF(centred ? slack / 2 : 0, baseline), centred ? line.trimmed() : line);
+        const QString text = centred ? line.trimmed() : line;
+        const double width = metrics.horizontalAdvance(text) * m_condensed;
+        const double left = box.left() + (centred ? (box.width() - width) / 2 : 0);
+        painter.translate(left * factor, qRound(baseline * factor));
+        // Sizes of fonts are whole pixels; the width is what the layout gave the line.
+        if (const double shownWidth = shownMetrics.horizontalAdvance(text); shownWidth > 0)
+            painter.scale(width * factor / shownWidth, 1);
+        painter.drawText(QPointF(0, 0), text);
+        painter.setTransform(natural);
         baseline += m_lineHeight;
     }
-    painter.restore();
 }
 
 } // namespace quarvelle

@@ -8,8 +8,8 @@ class QPainter;
 
 namespace quarvelle {
 
-/// A caption laid out in a box: on as many lines as the box has room for when it may wrap, and condensed,
-/// never shortened, where it would not fit otherwise.
+/// A caption laid out in a box at 100 %: on as many lines as the box has room for when it may wrap, and
+/// condensed, never shortened, where it would not fit otherwise. Drawn larger it has the same lines.
 class CaptionLayout {
 public:
     /// Text narrower than this share of its natural width is hard to read.
@@ -22,7 +22,8 @@ public:
     /// Width drawn over natural width, at most 1.
     double condensed() const { return m_condensed; }
 
-    void draw(QPainter& painter, const QRectF& box, Qt::Alignment alignment) const;
+    /// `box` is the one laid out in, in its place at 100 %; `painter` enlarges nothing.
+    void draw(QPainter& painter, const QRectF& box, Qt::Alignment alignment, double factor) const;
 
 private:
     bool layOut(const QString& text, double width, bool wraps);

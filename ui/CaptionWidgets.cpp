@@ -1,35 +1,55 @@
 #include "ui/CaptionWidgets.h"
 
 #include <QStyleOptionButton>
-#include <QStyleOptionFocusRect>
 #include <QStylePainter>
+#include <algorithm>
+
+#include "ui/Fonts.h"
+#include "ui/PageScale.h"
 
 namespace quarvelle {
 
+namespace {
+
+/// The inside of a control at 100 %.
+QRectF insideOf(const QWidget& widget, const QMarginsF& insets) {
+    return QRectF(QPointF(0, 0), PageScale::placeOf(widget).size()).marginsRemoved(insets);
+}
+
+/// A dotted line along a control's edge, as thick as the frames of others.
+void drawFocusLine(QPainter& painter, const QWidget& widget) {
+    const int thickness = std::max(1, qRound(PageScale::factorOf(widget)));
+    QPen pen(widget.palette().color(QPalette::WindowText), thickness, Qt::CustomDashLine, Qt::FlatCap);
+    pen.setDashPattern({1, 1});
+    painter.setPen(pen);
+    const double half = thickness / 2.0;
+    painter.drawRect(QRectF(widget.rect()).adjusted(half, half, -half, -half));
+}
+
+} // namespace
+
 QRectF CaptionLabel::captionBox() const {
-    return QRectF(rect()).adjusted(2, 0, -1, 0);
+    return insideOf(*this, {2, 0, 1, 0});
 }
 
 CaptionLayout CaptionLabel::captionLayout() const {
-    return {text(), font(), captionBox().size(), wordWrap()};
+    return {text(), controlFont(), captionBox().size(), wordWrap()};
 }
 
 void CaptionLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::WindowText));
-    captionLayout().draw(painter, captionBox(), alignment());
+    captionLayout().draw(painter, captionBox(), alignment(), PageScale::factorOf(*this));
 }
 
 QRectF CaptionCheckBox::captionBox() const {
-    QStyleOptionButton option;
-    initStyleOption(&option);
-    const QRect indicator = style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this);
+    constexpr double indicator = 18;
     // The focus line runs along the edge.
-    return QRectF(rect()).adjusted(indicator.right() + 5, 1, -1, 0);
+    return insideOf(*this, {indicator, 0, 1, 1});
 }
 
 CaptionLayout CaptionCheckBox::captionLayout() const {
-    return {text(), font(), captionBox().size(), true};
+    return {text(), controlFont(), captionBox().size(), true};
 }
 
 bool CaptionCheckBox::hitButton(const QPoint& position) const {
@@ -42,13 +62,12 @@ void CaptionCheckBox::paintEvent(QPaintEvent*) {
     initStyleOption(&option);
     option.text.clear();
     option.rect = style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this);
+    option.rect.translate(qRound(PageScale::factorOf(*this)), 0); // off the focus line
     painter.drawPrimitive(QStyle::PE_IndicatorCheckBox, option);
     painter.setPen(palette().color(QPalette::WindowText));
-    captionLayout().draw(painter, captionBox(), Qt::AlignLeft | Qt::AlignVCenter);
-    if (hasFocus()) {
-        painter.setPen(QPen(palette().color(QPalette::WindowText), 1, Qt::DotLine));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
+    captionLayout().draw(painter, captionBox(), Qt::AlignLeft | Qt::AlignVCenter, PageScale::factorOf(*this));
+    if (hasFocus())
+        drawFocusLine(painter, *this);
 }
 
 CaptionButton::CaptionButton(QWidget* parent) : QPushButton(parent) {
@@ -57,11 +76,11 @@ CaptionButton::CaptionButton(QWidget* parent) : QPushButton(parent) {
 }
 
 QRectF CaptionButton::captionBox() const {
-    return QRectF(rect()).adjusted(5, 3, -5, -3);
+    return insideOf(*this, {5, 3, 5, 3});
 }
 
 CaptionLayout CaptionButton::captionLayout() const {
-    return {text(), font(), captionBox().size(), true};
+    return {text(), controlFont(), captionBox().size(), true};
 }
 
 void CaptionButton::paintEvent(QPaintEvent*) {
@@ -72,7 +91,7 @@ void CaptionButton::paintEvent(QPaintEvent*) {
     painter.drawControl(QStyle::CE_PushButton, option);
     const auto group = isEnabled() ? QPalette::Active : QPalette::Disabled;
     painter.setPen(palette().color(group, QPalette::ButtonText));
-    captionLayout().draw(painter, captionBox(), Qt::AlignCenter);
+    captionLayout().draw(painter, captionBox(), Qt::AlignCenter, PageScale::factorOf(*this));
 }
 
 } // namespace quarvelle

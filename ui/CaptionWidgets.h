@@ -20,7 +20,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QRectF captionBox() const;
+    QRectF captionBox() const; ///< at 100 %
 };
 
 /// A check box whose caption may take several lines.
@@ -36,7 +36,7 @@ protected:
     bool hitButton(const QPoint& position) const override;
 
 private:
-    QRectF captionBox() const;
+    QRectF captionBox() const; ///< at 100 %
 };
 
 /// A push button whose caption may take several lines.
@@ -51,7 +51,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QRectF captionBox() const;
+    QRectF captionBox() const; ///< at 100 %
 };
 
 } // namespace quarvelle

@@ -5,6 +5,9 @@
 #include <algorithm>
 
 #include "ui/Fonts.h"
+#include "ui/PageScale.h"
+#include "ui/PixelGrid.h"
+#include "ui/ShownText.h"
 
 namespace quarvelle {
 
@@ -45,6 +48,16 @@ private:
     double m_condensed;
 };
 
+/// On a screen, whose pixels are few.
+struct Show {
+    QPainter& painter;
+    const PixelGrid& grid;
+    const ShownText& text;
+
+    void operator()(const FilledRectangle& item) const { grid.fill(painter, item.rectangle, item.color); }
+    void operator()(const TextAtPoint& item) const { text.draw(painter, item.point, item.text); }
+};
+
 } // namespace
 
 void Drawing::fillRectangle(int left, int top, int right, int bottom, const QColor& color) {
@@ -63,6 +76,22 @@ void Drawing::replay(QPainter& painter) const {
     for (const DrawingItem& item : m_items)
         std::visit(replay, item);
     painter.restore();
+}
+
+void Drawing::show(QPainter& painter, const QWidget& widget) const {
+    const ShownText text(widget, condensed());
+    painter.save();
+    painter.setFont(text.font());
+    painter.setPen(Qt::black);
+    const PixelGrid grid = PixelGrid::painted(painter, PageScale::factorOf(widget));
+    const Show show{painter, grid, text};
+    for (const DrawingItem& item : m_items)
+        std::visit(show, item);
+    painter.restore();
+}
+
+double Drawing::condensed() const {
+    return condensedBy(m_items, QFontMetricsF(boardFont()));
 }
 
 } // namespace quarvelle

@@ -7,6 +7,7 @@
 #include <vector>
 
 class QPainter;
+class QWidget;
 
 namespace quarvelle {
 
@@ -50,6 +51,12 @@ public:
     /// Draws the list in the board's font and black, in the painter's coordinates. Where one text is too wide
     /// for its room, all are condensed alike, so that digits have one width.
     void replay(QPainter& painter) const;
+
+    /// Draws the list on a widget, as large as the widget shows a page: lines equally thick, in whole pixels
+    /// of the screen. `painter` is in the widget's pixels.
+    void show(QPainter& painter, const QWidget& widget) const;
+    /// How far the texts are condensed on a screen: width over natural width, at most 1.
+    double condensed() const;
 
 private:
     std::vector<DrawingItem> m_items;

@@ -3,7 +3,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimerEvent>
-#include <QtMath>
+
+#include "ui/PageScale.h"
+#include "ui/PixelGrid.h"
 
 namespace quarvelle {
 
@@ -22,12 +24,29 @@ void DrawingSurface::clear() {
     repaintSoon();
 }
 
-/// A batch changes the drawing far more often than a screen shows it, and to paint it takes longer than to
-/// make it.
+QPoint DrawingSurface::drawingPixel(const QPointF& point) const {
+    const QPointF inWindow = mapTo(window(), point) * devicePixelRatio();
+    return PixelGrid::onScreen(*this, PageScale::factorOf(*this)).pixelAt(inWindow);
+}
+
+QRectF DrawingSurface::shown(const QRect& pixels) const {
+    const QRectF onDevice = PixelGrid::onScreen(*this, PageScale::factorOf(*this)).onDevice(pixels);
+    const double ratio = devicePixelRatio();
+    const QRectF inWindow(onDevice.topLeft() / ratio, onDevice.size() / ratio);
+    return inWindow.translated(mapFrom(window(), QPointF(0, 0)));
+}
+
+/// A change after a pause is painted at the next turn. A batch changes the drawing far more often than a
+/// screen shows it, and to paint it takes longer than to make it: no paint begins sooner after the last one.
 void DrawingSurface::repaintSoon() {
-    constexpr int milliseconds = 16;
-    if (!m_repaint.isActive())
-        m_repaint.start(milliseconds, this);
+    constexpr qint64 milliseconds = 16;
+    if (m_repaint.isActive())
+        return;
+    const bool pause = !m_sincePaint.isValid() || m_sincePaint.hasExpired(milliseconds);
+    if (pause)
+        update();
+    else
+        m_repaint.start(static_cast<int>(milliseconds - m_sincePaint.elapsed()), this);
 }
 
 void DrawingSurface::timerEvent(QTimerEvent* event) {
@@ -41,13 +60,18 @@ void DrawingSurface::timerEvent(QTimerEvent* event) {
 
 void DrawingSurface::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    m_drawing.replay(painter);
+    m_drawing.show(painter, *this);
+    const double factor = PageScale::factorOf(*this);
+    painter.scale(factor, factor);
+    paintAbove(painter);
+    painter.end();
+    m_sincePaint.start();
 }
 
 void DrawingSurface::mousePressEvent(QMouseEvent* event) {
-    // On a scaled screen a press may lie between two pixels; it belongs to the one that it is in.
-    emit pressed(static_cast<int>(event->button()), static_cast<int>(event->modifiers()),
-                 qFloor(event->position().x()), qFloor(event->position().y()));
+    const QPoint pixel = drawingPixel(event->position());
+    emit pressed(static_cast<int>(event->button()), static_cast<int>(event->modifiers()), pixel.x(),
+                 pixel.y());
 }
 
 } // namespace quarvelle

@@ -1,13 +1,15 @@
 #pragma once
 
 #include <QBasicTimer>
+#include <QElapsedTimer>
 #include <QWidget>
 
 #include "ui/Drawing.h"
 
 namespace quarvelle {
 
-/// The widget that shows a drawing and tells of mouse buttons pressed on it, in the drawing's pixels.
+/// The widget that shows a drawing, as large as it shows a page, and tells of mouse buttons pressed on it, in
+/// the drawing's pixels.
 class DrawingSurface : public QWidget, public Canvas {
     Q_OBJECT
 
@@ -20,10 +22,18 @@ public:
     void drawText(int x, int y, const QString& text, double room) override;
     void clear();
 
+    /// The pixel of the drawing that is shown at a point of the widget.
+    QPoint drawingPixel(const QPointF& point) const;
+    /// What part of the widget shows a rectangle of the drawing.
+    QRectF shown(const QRect& pixels) const;
+
 signals:
     void pressed(int button, int shift, int x, int y);
 
 protected:
+    /// Paints over the drawing, in the drawing's pixels.
+    virtual void paintAbove(QPainter&) {}
+
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
@@ -33,6 +43,7 @@ private:
 
     Drawing m_drawing;
     QBasicTimer m_repaint;
+    QElapsedTimer m_sincePaint;
 };
 
 } // namespace quarvelle

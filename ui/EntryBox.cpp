@@ -1,7 +1,10 @@
 #include "ui/EntryBox.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QStyleOptionFrame>
+#include <QToolTip>
 #include <algorithm>
 
 #include "engine/Numbers.h"
@@ -27,6 +30,8 @@ void EntryBox::setProgramText(const std::string& newText) {
     const QString text = QString::fromStdString(newText);
     allow(text.size());
     setText(text);
+    if (!hasFocus())
+        setCursorPosition(0);
     m_editUntold = false;
 }
 
@@ -50,11 +55,32 @@ void EntryBox::tellEdit() {
     emit keyReleased(KeyCode::none);
 }
 
+bool EntryBox::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && !showsWholeText()) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
+bool EntryBox::showsWholeText() const {
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QRect contents = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+    // A line edit keeps two pixels at both ends, and one for the cursor.
+    const int room = contents.marginsRemoved(textMargins()).width() - 5;
+    return fontMetrics().horizontalAdvance(text()) <= room;
+}
+
 void EntryBox::keyPressEvent(QKeyEvent* event) {
+    setCursor(Qt::BlankCursor);
     const QScopedValueRollback handling(m_handlesKey, true);
     if (!event->isAutoRepeat())
         emit keyPressed(keyCode(*event));
     QLineEdit::keyPressEvent(event);
+    // Left alone they would scroll the page.
+    if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
+        event->accept();
 }
 
 void EntryBox::keyReleaseEvent(QKeyEvent* event) {
@@ -65,8 +91,17 @@ void EntryBox::keyReleaseEvent(QKeyEvent* event) {
     emit keyReleased(keyCode(*event));
 }
 
+void EntryBox::mouseMoveEvent(QMouseEvent* event) {
+    setCursor(Qt::IBeamCursor);
+    QLineEdit::mouseMoveEvent(event);
+}
+
 void EntryBox::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
+    // Its own menu may want what is selected, and another window gives the keyboard back.
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::MenuBarFocusReason &&
+        event->reason() != Qt::ActiveWindowFocusReason)
+        setCursorPosition(0);
     if (m_editUntold)
         tellEdit();
 }

@@ -7,7 +7,8 @@ namespace quarvelle {
 
 /// A text box that tells of each key pressed and released in it, once each however long the key is held, and
 /// of edits that no release in it will tell of (pasting or dropping with the mouse, leaving the box with the
-/// key still down).
+/// key still down). Up and Down are its own, whatever is around it. While it hasn't the keyboard it shows how
+/// its text begins, and the whole of a longer one as its tooltip. The mouse pointer hides from the typing.
 class EntryBox : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(int typedLimit READ typedLimit WRITE setTypedLimit)
@@ -31,11 +32,14 @@ signals:
     void keyReleased(int keyCode);
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    bool showsWholeText() const;
     void allow(qsizetype characters);
     void tellEdit();
 

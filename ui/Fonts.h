@@ -10,4 +10,7 @@ QFont controlFont();
 /// The drawing surface's font: 9.75 points.
 QFont boardFont();
 
+/// A font of the nearest size, since sizes are whole pixels; what is to have an exact width is stretched.
+QFont enlarged(QFont font, double factor);
+
 } // namespace quarvelle

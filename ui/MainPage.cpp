@@ -1,5 +1,7 @@
 #include "ui/MainPage.h"
 
+#include <QEvent>
+
 #include "engine/BoardGeometry.h"
 #include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
@@ -15,6 +17,8 @@ MainPage::MainPage(ProgramState& state, QWidget* parent) : QWidget(parent), m_st
     connect(m_controls.Text2, &EntryBox::keyReleased, this, &MainPage::Text2_KeyUp);
     connect(m_controls.text4, &EntryBox::keyReleased, this, &MainPage::text4_KeyUp);
     connect(m_controls.Text5, &EntryBox::keyReleased, this, &MainPage::Text5_KeyUp);
+    m_controls.Command1->installEventFilter(this);
+    m_controls.Command4->installEventFilter(this);
 }
 
 void MainPage::stepSize(int keyCode) {
@@ -84,6 +88,22 @@ void MainPage::showcounts(int n) {
     m_controls.Label5->setText(QString::fromStdString(count.shifts));
     m_controls.Label6->setText(QString::fromStdString(count.rotations));
     m_controls.Label7->setText(QString::fromStdString(count.total));
+}
+
+QString MainPage::whyDisabled(const QWidget* button) const {
+    if (button->isEnabled())
+        return {};
+    if (!hasPlayableNumbers(m_state))
+        return "The numbers are too large.";
+    return button == m_controls.Command4 ? QString("The board is larger than the page.")
+                                         : QString("Only up to %1 by %1.").arg(maxBatchOrder);
+}
+
+bool MainPage::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ToolTip)
+        if (auto* button = qobject_cast<QWidget*>(watched))
+            button->setToolTip(whyDisabled(button));
+    return QWidget::eventFilter(watched, event);
 }
 
 } // namespace quarvelle

@@ -35,9 +35,14 @@ public:
 signals:
     void sizeAccepted(int n);
 
+protected:
+    /// Says of a button that can't be pressed why, when a person asks with the mouse.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void stepSize(int keyCode);
     void showcounts(int n);
+    QString whyDisabled(const QWidget* button) const;
 
     ProgramState& m_state;
     Ui::MainPage m_controls;

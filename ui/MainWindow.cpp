@@ -3,23 +3,24 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QWindowStateChangeEvent>
 
 #include "ui/AccessibleBoard.h"
 #include "ui/BoardPage.h"
-#include "ui/Fonts.h"
 #include "ui/InformationPage.h"
 #include "ui/KeyCodes.h"
 #include "ui/MainPage.h"
+#include "ui/PageScale.h"
 #include "ui/Pages.h"
 #include "ui/PropertiesPage.h"
 #include "ui/SizeMenu.h"
+#include "ui/Zoom.h"
 
 namespace quarvelle {
 
 MainWindow::MainWindow() : m_state(std::make_unique<ProgramState>()) {
     AccessibleBoard::install();
     m_menus.setupUi(this);
-    m_menus.pages->setFont(controlFont());
     m_mainPage = new MainPage(*m_state);
     m_boardPage = new BoardPage(*m_state);
     m_informationPage = new InformationPage;
@@ -28,6 +29,12 @@ MainWindow::MainWindow() : m_state(std::make_unique<ProgramState>()) {
     for (QWidget* page : {static_cast<QWidget*>(m_mainPage), static_cast<QWidget*>(m_boardPage),
                           static_cast<QWidget*>(m_informationPage), static_cast<QWidget*>(m_propertiesPage)})
         m_menus.pages->addWidget(page);
+    auto* zoom = new Zoom(*m_menus.client, *new PageScale(*m_menus.pages));
+    connect(m_menus.zoomin, &QAction::triggered, zoom, &Zoom::in);
+    connect(m_menus.zoomout, &QAction::triggered, zoom, &Zoom::out);
+    connect(m_menus.zoomfit, &QAction::triggered, zoom, &Zoom::fit);
+    // The size that the window has when it isn't maximised.
+    resize(PageScale::wholePage + QSize(0, menuBar()->sizeHint().height()));
     new SizeMenu(*m_state, m_menus, *m_mainPage, this);
     new Pages(*this);
     connect(m_menus.quit, &QAction::triggered, this, &MainWindow::quit_Click);
@@ -37,6 +44,7 @@ MainWindow::MainWindow() : m_state(std::make_unique<ProgramState>()) {
 MainWindow::~MainWindow() = default;
 
 void MainWindow::present() {
+    m_staysSmall = false;
     setWindowState(windowState() | Qt::WindowMaximized);
 }
 
@@ -45,7 +53,8 @@ void MainWindow::showTitle(const std::string& title) {
     // The toolkit doesn't tell; it is how a screen reader hears the score.
     QAccessibleEvent event(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
-    present();
+    if (!m_staysSmall)
+        present();
 }
 
 void MainWindow::Form_Activate() {
@@ -78,6 +87,15 @@ void MainWindow::showEvent(QShowEvent* event) {
         m_activated = true;
         Form_Activate();
     }
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange)
+        return;
+    const Qt::WindowStates before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
+    const bool isSmall = !(windowState() & (Qt::WindowMaximized | Qt::WindowMinimized));
+    m_staysSmall = m_staysSmall || (isSmall && before & Qt::WindowMaximized);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

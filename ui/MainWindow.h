@@ -14,8 +14,8 @@ class InformationPage;
 class MainPage;
 class PropertiesPage;
 
-/// The program's one window: the menu bar and four pages on one client area that scrolls where the screen is
-/// too small. Owns the program state.
+/// The program's one window: the menu bar and four pages that fill one client area, which scrolls where the
+/// screen is too small. Owns the program state.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -30,9 +30,10 @@ public:
     PropertiesPage& propertiesPage() const { return *m_propertiesPage; }
     BoardPage& boardPage() const { return *m_boardPage; }
 
-    /// Maximises the window, again if it already was.
+    /// Maximises the window: a run begins.
     void present();
-    /// Sets the title, shown at once, and presents the window.
+    /// Sets the title, shown at once, and maximises the window again unless the person has un-maximised it
+    /// since it was presented.
     void showTitle(const std::string& title);
 
     void Form_Activate();
@@ -47,6 +48,7 @@ signals:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -58,6 +60,7 @@ private:
     InformationPage* m_informationPage;
     PropertiesPage* m_propertiesPage;
     bool m_activated = false;
+    bool m_staysSmall = false; ///< the person un-maximised it
 };
 
 } // namespace quarvelle

@@ -5,6 +5,9 @@
 #include <array>
 #include <vector>
 
+#include "ui/PageScale.h"
+#include "ui/PixelGrid.h"
+
 namespace quarvelle {
 
 namespace {
@@ -37,13 +40,13 @@ constexpr int cellWidth = 24;
 constexpr int cellHeight = 18;
 constexpr double reach = 5; ///< of a mark from the middle of its cell
 
-void drawGrid(QPainter& painter) {
+void drawGrid(QPainter& painter, const PixelGrid& grid, QPoint corner) {
     constexpr int width = cells * cellWidth;
     constexpr int height = cells * cellHeight;
-    painter.fillRect(QRect(0, 0, width + 1, height + 1), Qt::white);
+    grid.fill(painter, {corner, QSize(width + 1, height + 1)}, Qt::white);
     for (int line = 0; line <= cells; ++line) {
-        painter.fillRect(QRect(line * cellWidth, 0, 1, height + 1), Qt::black);
-        painter.fillRect(QRect(0, line * cellHeight, width + 1, 1), Qt::black);
+        grid.fill(painter, {corner + QPoint(line * cellWidth, 0), QSize(1, height + 1)}, Qt::black);
+        grid.fill(painter, {corner + QPoint(0, line * cellHeight), QSize(width + 1, 1)}, Qt::black);
     }
 }
 
@@ -64,10 +67,12 @@ void drawStrokes(QPainter& painter, const std::vector<Mark>& marks, QPointF arm,
 void PictureBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), QColor(192, 192, 192));
-    const int left = (width() - cells * cellWidth) / 2;
-    const int top = (height() - cells * cellHeight) / 2;
-    painter.translate(left, top);
-    drawGrid(painter);
+    const double factor = PageScale::factorOf(*this);
+    const QSize size = PageScale::placeOf(*this).size();
+    const QPoint corner((size.width() - cells * cellWidth) / 2, (size.height() - cells * cellHeight) / 2);
+    drawGrid(painter, PixelGrid::painted(painter, factor), corner);
+    painter.scale(factor, factor);
+    painter.translate(corner);
     const auto picture = std::find_if(pictures().begin(), pictures().end(),
                                       [this](const Picture& entry) { return objectName() == entry.name; });
     if (picture == pictures().end())

@@ -1,5 +1,6 @@
 #include "ui/SizeMenu.h"
 
+#include <QActionGroup>
 #include <array>
 
 #include "engine/Numbers.h"
@@ -30,9 +31,14 @@ constexpr std::array<SizeItem, 8> sizeItems{{
 
 SizeMenu::SizeMenu(ProgramState& state, const Ui::MagicSquare2& menus, MainPage& page, QObject* parent)
     : QObject(parent), m_state(state), m_menus(menus), m_page(page) {
-    for (const SizeItem& item : sizeItems)
+    // Of a group in which one is chosen, an item is marked with a bullet.
+    auto* choice = new QActionGroup(this);
+    for (const SizeItem& item : sizeItems) {
+        choice->addAction(menus.*item.action);
         connect(menus.*item.action, &QAction::triggered, this, [this, &item] { sizeItem_Click(item.size); });
-    // The toolkit has toggled the mark by then; choosing this item does nothing, so the marks go back.
+    }
+    choice->addAction(menus.larger);
+    // The toolkit has marked it by then; choosing this item does nothing, so the mark goes back.
     connect(menus.larger, &QAction::triggered, this, [this] { marksize(m_state.squareSize); });
     connect(&page, &MainPage::sizeAccepted, this, &SizeMenu::marksize);
 }
@@ -44,9 +50,11 @@ void SizeMenu::sizeItem_Click(int size) {
 }
 
 void SizeMenu::marksize(int x) {
+    QAction* chosen = m_menus.larger;
     for (const SizeItem& item : sizeItems)
-        (m_menus.*item.action)->setChecked(item.size == x);
-    m_menus.larger->setChecked(x > 29);
+        if (item.size == x)
+            chosen = m_menus.*item.action;
+    chosen->setChecked(true);
 }
 
 } // namespace quarvelle

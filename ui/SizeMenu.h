@@ -18,7 +18,7 @@ public:
 
     /// A size item: takes `size` (5, 7, 11, 13, 17, 19, 23 or 29) and writes it into the size box.
     void sizeItem_Click(int size);
-    /// Checks the item of the accepted size `x`, "Larger Size" above 29, and no other.
+    /// Checks the item of the accepted size `x`, "Larger Size" for one that has none, and no other.
     void marksize(int x);
 
 private:

@@ -1,0 +1,56 @@
+#include "ui/AnswerBox.h"
+
+#include <QEvent>
+#include <QFontMetricsF>
+#include <algorithm>
+
+#include "ui/DrawingSurface.h"
+#include "ui/Fonts.h"
+#include "ui/PageScale.h"
+#include "ui/ShownText.h"
+
+namespace quarvelle {
+
+AnswerBox::AnswerBox(QWidget* parent) : EntryBox(parent) {
+    connect(this, &QLineEdit::textChanged, this, &AnswerBox::alignText);
+}
+
+void AnswerBox::setInsets(const Insets& insets) {
+    m_insets = insets;
+    alignText();
+}
+
+void AnswerBox::changeEvent(QEvent* event) {
+    EntryBox::changeEvent(event);
+    if (event->type() == QEvent::StyleChange)
+        alignText();
+}
+
+void AnswerBox::moveEvent(QMoveEvent* event) {
+    EntryBox::moveEvent(event);
+    alignText();
+}
+
+/// Gives the text the place and the font that it would have on the board as one more of its numbers.
+void AnswerBox::alignText() {
+    const auto* board = qobject_cast<const DrawingSurface*>(parentWidget());
+    if (!board)
+        return;
+    const QRect place = PageScale::placeOf(*this);
+    QPoint inset = m_insets.text;
+    if (!text().startsWith('-'))
+        inset.rx() += m_insets.signRoom;
+    // The box is a pixel wider than its cell, for its right grid line.
+    const double room = place.width() - 2 - inset.x();
+    const double natural = QFontMetricsF(boardFont()).horizontalAdvance(text());
+    const double condensed = std::min(board->drawing().condensed(), natural > room ? room / natural : 1);
+    const ShownText shown(*this, condensed);
+    if (font() != shown.font())
+        setFont(shown.font());
+    // A line edit keeps insets of its own, and room for the cursor at the end of its text.
+    constexpr QPoint ownInsets(2, 1);
+    const QPoint corner = shown.corner(place.topLeft() + inset) - pos() - ownInsets;
+    setTextMargins(corner.x(), corner.y(), -2 - qRound(PageScale::factorOf(*this)), 0);
+}
+
+} // namespace quarvelle

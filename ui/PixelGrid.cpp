@@ -1,0 +1,80 @@
+#include "ui/PixelGrid.h"
+
+#include <QPainter>
+#include <QWidget>
+#include <QtMath>
+#include <algorithm>
+
+namespace quarvelle {
+
+namespace {
+
+/// One direction of the grid.
+struct Axis {
+    double scale;
+    double origin;
+    int thickness;
+
+    /// The device pixel that a pixel begins at. What lies halfway goes one way however it was worked out.
+    int begin(int pixel) const { return qFloor(pixel * scale + origin + 0.5 + 1e-6); }
+
+    int first(int pixel, bool isLine) const {
+        return isLine ? begin(pixel) : std::max(begin(pixel), begin(pixel - 1) + thickness);
+    }
+    int last(int pixel, bool isLine) const {
+        const int end = begin(pixel) + thickness;
+        return (isLine ? end : std::min(end, begin(pixel + 1))) - 1;
+    }
+    int pixelAt(double point) const {
+        const int device = qFloor(point + 1e-6);
+        int pixel = qFloor((device - origin) / scale);
+        while (begin(pixel + 1) <= device)
+            ++pixel;
+        while (begin(pixel) > device)
+            --pixel;
+        return pixel;
+    }
+};
+
+Axis across(const QTransform& toDevice, int thickness) {
+    return {toDevice.m11(), toDevice.dx(), thickness};
+}
+
+Axis down(const QTransform& toDevice, int thickness) {
+    return {toDevice.m22(), toDevice.dy(), thickness};
+}
+
+} // namespace
+
+PixelGrid::PixelGrid(const QTransform& toDevice)
+    : m_toDevice(toDevice), m_thickness(std::max(1, qRound(toDevice.m11()))) {}
+
+PixelGrid PixelGrid::painted(const QPainter& painter, double factor) {
+    return PixelGrid(QTransform::fromScale(factor, factor) * painter.deviceTransform());
+}
+
+PixelGrid PixelGrid::onScreen(const QWidget& widget, double factor) {
+    const QPoint corner = widget.mapTo(widget.window(), QPoint(0, 0));
+    const double ratio = widget.devicePixelRatio();
+    return PixelGrid(QTransform::fromScale(factor, factor) *
+                     QTransform::fromTranslate(corner.x(), corner.y()) * QTransform::fromScale(ratio, ratio));
+}
+
+QRect PixelGrid::onDevice(const QRect& pixels) const {
+    const Axis x = across(m_toDevice, m_thickness);
+    const Axis y = down(m_toDevice, m_thickness);
+    const bool isLine = pixels.width() == 1 || pixels.height() == 1;
+    return {QPoint(x.first(pixels.left(), isLine), y.first(pixels.top(), isLine)),
+            QPoint(x.last(pixels.right(), isLine), y.last(pixels.bottom(), isLine))};
+}
+
+QPoint PixelGrid::pixelAt(const QPointF& point) const {
+    return {across(m_toDevice, m_thickness).pixelAt(point.x()),
+            down(m_toDevice, m_thickness).pixelAt(point.y())};
+}
+
+void PixelGrid::fill(QPainter& painter, const QRect& pixels, const QColor& color) const {
+    painter.fillRect(painter.deviceTransform().inverted().mapRect(QRectF(onDevice(pixels))), color);
+}
+
+} // namespace quarvelle
