@@ -106,8 +106,7 @@ void BoardPage::paintAbove(QPainter& painter) {
         grid.fill(painter, cell, answerBox().palette().color(QPalette::Window));
     } else if (hasPuzzle()) {
         constexpr int thickness = 2;
-        const QRect inside =
-            cellArea(m_state.selectedRow, m_state.selectedColumn).adjusted(1, 1, -1, -1);
+        const QRect inside = cellArea(m_state.selectedRow, m_state.selectedColumn).adjusted(1, 1, -1, -1);
         const QRegion frame = QRegion(inside) - inside.adjusted(thickness, thickness, -thickness, -thickness);
         for (const QRect& side : frame)
             grid.fill(painter, side, QColor(0, 96, 224));

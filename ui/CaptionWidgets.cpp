@@ -16,14 +16,17 @@ QRectF insideOf(const QWidget& widget, const QMarginsF& insets) {
     return QRectF(QPointF(0, 0), PageScale::placeOf(widget).size()).marginsRemoved(insets);
 }
 
-/// A dotted line along a control's edge, as thick as the frames of others.
+/// A dotted line along a control's edge, in whole pixels of the screen, as thick as the frames of others.
 void drawFocusLine(QPainter& painter, const QWidget& widget) {
-    const int thickness = std::max(1, qRound(PageScale::factorOf(widget)));
+    const QTransform toDevice = painter.deviceTransform();
+    const QRect edge = toDevice.mapRect(QRectF(widget.rect())).toRect();
+    const int thickness = std::max(1, qRound(PageScale::factorOf(widget) * toDevice.m11()));
     QPen pen(widget.palette().color(QPalette::WindowText), thickness, Qt::CustomDashLine, Qt::FlatCap);
     pen.setDashPattern({1, 1});
     painter.setPen(pen);
+    painter.setWorldTransform(toDevice.inverted(), true);
     const double half = thickness / 2.0;
-    painter.drawRect(QRectF(widget.rect()).adjusted(half, half, -half, -half));
+    painter.drawRect(QRectF(edge).adjusted(half, half, -half, -half));
 }
 
 } // namespace

@@ -1,9 +1,11 @@
 #include <QClipboard>
 #include <QDialog>
 #include <QKeySequence>
+#include <QWheelEvent>
 #include <random>
 
 #include "tests/robot/Inspector.h"
+#include "ui/PageScale.h"
 
 namespace quarvelle::testing {
 /// What a person could type into a number box to see what happens.
@@ -70,11 +72,11 @@ protected:
             {45, "click", &Robot::clickControl},  {30, "cell", &Robot::pressCell},
             {60, "text", &Robot::enterText},      {20, "key", &Robot::pressAnyKey},
             {10, "item", &Robot::chooseMenuItem}, {2, "menu", &Robot::openMenu},
-            {2, "resize", &Robot::resize}};
+            {2, "resize", &Robot::resize},        {2, "zoom", &Robot::zoom}};
         ++m_step;
         if (state().currentPage != Page::board)
             m_stops = 0;
-        int drawn = below(169);
+        int drawn = below(171);
         const auto* action = actions;
         while ((drawn -= std::get<int>(*action)) >= 0)
             ++action;
@@ -109,14 +111,30 @@ protected:
         if (!window().boardPage().isVisible())
             return;
         const int width = static_cast<int>(state().cellWidth);
-        const auto boxOf = [width](Cell cell) {
-            return QRect(width * cell.row + 8 - width, 18 * cell.column - 10, width + 1, 18);
+        const double factor = PageScale::factorOf(window().boardPage());
+        // On the screen, from one grid line to the next.
+        const auto areaOf = [=](Cell cell) {
+            const QPointF corner(width * (cell.row - 1) + 8, 18 * (cell.column - 1) + 8);
+            const QPoint end = ((corner + QPointF(width, 18)) * factor).toPoint();
+            return QRect((corner * factor).toPoint(), end - QPoint(1, 1));
+        };
+        const auto boxOf = [=](Cell cell) {
+            const QPoint end = (QPointF(width * cell.row + 9, 18 * cell.column + 8) * factor).toPoint();
+            return QRect(areaOf(cell).topLeft(), end - QPoint(1, 1));
         };
         const auto blanks = blanksOf(state());
         QPoint point{below(900), below(700)};
-        if (!blanks.empty() && below(8) != 0)
-            point = boxOf(oneOf(blanks)).topLeft() + QPoint{below(width), below(18)};
-        const Cell cell{(point.x() - 8 + width) / width, (point.y() + 10) / 18};
+        if (!blanks.empty() && below(8) != 0) {
+            const QRect area = areaOf(oneOf(blanks));
+            point = area.topLeft() + QPoint{below(area.width()), below(area.height())};
+        }
+        Cell cell{static_cast<int>(std::floor((point.x() / factor - 8) / width)) + 1,
+                  static_cast<int>(std::floor((point.y() / factor - 8) / 18)) + 1};
+        // A pixel that shows the ends of two cells belongs to one of them.
+        cell.row += areaOf(cell).right() < point.x();
+        cell.column += areaOf(cell).bottom() < point.y();
+        cell.row -= areaOf(cell).left() > point.x();
+        cell.column -= areaOf(cell).top() > point.y();
         const auto look = [this] {
             const EntryBox& box = answerBox();
             return std::tuple(box.isVisible(), window().focusWidget() == &box, box.isEnabled(),
@@ -162,12 +180,13 @@ protected:
         const double number = leadingNumber(typed.toStdString());
         const bool isRight = numberText(number) == answer;
         const int remaining = state().remainingBlanks - isRight;
+        const bool wasMaximized = window().isMaximized();
         auto expected = score();
         expected[1] += isRight;
         expected[2] += !isRight && (number != 0 || typed == "0");
         pressKey(below(2) == 0 ? Qt::Key_Enter : Qt::Key_Return);
         expect(score() == expected && state().remainingBlanks == remaining, "the score is wrong");
-        expect(!isRight || window().isMaximized(), "a new score is not presented");
+        expect(window().isMaximized() == wasMaximized, "an answer changes the window's size");
         expect(answerBox().text().isEmpty() && answerBox().isVisible() != isRight, "the box is wrong");
     }
 
@@ -219,7 +238,15 @@ protected:
 
     void resize() {
         window().setWindowState(Qt::WindowNoState);
-        window().resize(QSize{below(1400) + 1, below(900) + 1});
+        window().resize(QSize{below(3000) + 1, below(1800) + 1});
+    }
+
+    void zoom() {
+        if (below(3) == 0)
+            return oneOf(std::vector{menus().zoomin, menus().zoomout, menus().zoomfit})->trigger();
+        QWheelEvent event({}, {}, {}, {0, below(1000) - 500}, Qt::NoButton,
+                          below(4) == 0 ? Qt::NoModifier : Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(menus().client->viewport(), &event);
     }
 };
 
