@@ -29,4 +29,8 @@ QFont boardFont() {
     return font;
 }
 
+QFont noteFont() {
+    return sansSerif(10);
+}
+
 } // namespace quarvelle

@@ -10,4 +10,7 @@ QFont controlFont();
 /// The drawing surface's font: 9.75 points.
 QFont boardFont();
 
+/// The font of what stands beside a board: 7.5 points.
+QFont noteFont();
+
 } // namespace quarvelle
