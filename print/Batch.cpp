@@ -1,16 +1,14 @@
 #include "print/Batch.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "engine/BoardGeometry.h"
 #include "engine/Construction.h"
 #include "engine/EventQueue.h"
 #include "engine/MagicArithmetic.h"
+#include "engine/Numbers.h"
 #include "practice/BlankSelection.h"
 #include "practice/Board.h"
 #include "practice/RunSettings.h"
-#include "print/BatchTitle.h"
+#include "print/BatchTexts.h"
 #include "print/Printer.h"
 #include "print/Sheets.h"
 #include "ui/BoardPage.h"
@@ -27,19 +25,27 @@ Batch::Batch(MainWindow& window, RandomSource& random, EventQueue& events, Print
 }
 
 void Batch::Command1_Click() {
-    ProgramState& state = m_window.state();
+    const ProgramState& state = m_window.state();
     if (state.squareSize > maxBatchOrder)
         return;
     mainsub1();
-    QString failure;
+    Outcome outcome;
     // Tidying may have brought in other numbers.
-    if (state.printCount > 0 && hasPlayableNumbers(state))
-        if (const auto job = m_printer.choose(QString("Quarvelle %1 by %1").arg(state.squareSize)))
-            failure = printSquares(*job);
+    if (!(state.printCount > 0))
+        outcome.message = "There is nothing to print: the number of squares to print is " +
+                          QString::fromStdString(numberText(state.printCount)) + '.';
+    else if (!hasPlayableNumbers(state))
+        outcome.message = "There is nothing to print: the numbers of such squares are too large.";
+    else
+        outcome = print();
     closeBatch();
     // A window that was closed meanwhile has ended the program.
-    if (!failure.isEmpty() && m_window.isVisible())
-        m_printer.tellFailure(failure);
+    if (!m_window.isVisible())
+        return;
+    if (!outcome.message.isEmpty())
+        m_printer.tell(outcome.message);
+    else
+        m_window.menus().foot->say(outcome.ending);
 }
 
 void Batch::mainsub1() {
@@ -63,24 +69,36 @@ void Batch::mainsub1() {
     state.baseStart = state.startNumber;
 }
 
+Batch::Outcome Batch::print() {
+    const ProgramState& state = m_window.state();
+    const SheetPlan plan = Sheets::planFor(state);
+    const PrintOrder order =
+        m_printer.choose(QString("Quarvelle %1 by %1").arg(state.squareSize), plan.sheets());
+    if (!order.job)
+        return {{}, "Cancelled"};
+    Sheets sheets(m_window, plan, order, m_events);
+    QString failure = order.job->begin();
+    if (failure.isEmpty())
+        failure = printSquares(sheets);
+    if (failure.isEmpty())
+        failure = order.job->finish();
+    return {failure, batchEnding(sheets.printed(), sheets.ordered(), order)};
+}
+
 /// Returns why printing failed, or an empty text.
-QString Batch::printSquares(PrintJob& job) {
+QString Batch::printSquares(Sheets& sheets) {
     ProgramState& state = m_window.state();
-    Sheets sheets(state, m_window.boardPage(), job, m_events);
-    const double count = std::min<double>(state.printCount, std::numeric_limits<int>::max());
-    QString failure = job.begin();
-    while (failure.isEmpty() && state.squaresSolved < count) {
+    QString failure;
+    while (failure.isEmpty() && !sheets.isComplete()) {
         if (isStopped() || !makeSquare())
-            return job.finish();
+            return {};
         failure = sheets.add();
         if (state.stopRequested == Request::stop)
             continue;
         ++state.squaresSolved;
         m_window.showTitle(batchTitle(state));
     }
-    if (failure.isEmpty())
-        failure = sheets.printRest();
-    return failure.isEmpty() ? job.finish() : failure;
+    return failure.isEmpty() ? sheets.printCopies() : failure;
 }
 
 /// Returns false when stopped.

@@ -1,33 +1,79 @@
 #include "print/QtPrinter.h"
 
+#include <QDir>
 #include <QMessageBox>
+#include <QOperatingSystemVersion>
 #include <QPrintDialog>
 #include <QPrinter>
 
 #include "print/PdfFileJob.h"
 #include "print/QueueJob.h"
+#include "print/QueueOptions.h"
 
 namespace quarvelle {
 
-std::unique_ptr<PrintJob> QtPrinter::choose(const QString& documentName) {
+namespace {
+
+/// On Windows the dialog is the system's own, which knows printers only.
+bool dialogWritesFiles() {
+    return QOperatingSystemVersion::currentType() != QOperatingSystemVersion::Windows;
+}
+
+std::unique_ptr<QPrinter> printerFor(const QString& documentName) {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer->setDocName(documentName);
     printer->setCreator("Quarvelle");
     printer->setPageOrientation(QPageLayout::Landscape);
     // A printer that can't print so near the edge keeps its own, wider margins.
     printer->setPageMargins(QMarginsF(10, 10, 10, 10), QPageLayout::Millimeter);
-    QPrintDialog dialog(printer.get(), &m_window);
-    dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
-                      QAbstractPrintDialog::PrintCollateCopies);
-    if (dialog.exec() != QDialog::Accepted)
-        return nullptr;
-    if (printer->outputFormat() == QPrinter::PdfFormat)
-        return std::make_unique<PdfFileJob>(printer->outputFileName(), printer->pageLayout(), documentName);
-    return std::make_unique<QueueJob>(std::move(printer));
+    return printer;
 }
 
-void QtPrinter::tellFailure(const QString& reason) {
-    QMessageBox::warning(&m_window, "Quarvelle", reason);
+/// The order without its job, as the person left the dialog.
+PrintOrder orderFor(const QPrinter& printer) {
+    PrintOrder order;
+    order.paper = printer.pageLayout().paintRect(QPageLayout::Millimeter).size();
+    order.date = QDate::currentDate();
+    if (printer.printRange() == QPrinter::PageRange && !queuePicksSheets(printer)) {
+        order.firstSheet = printer.fromPage();
+        order.lastSheet = printer.toPage();
+    }
+    order.collated = printer.collateCopies();
+    (printer.supportsMultipleCopies() ? order.queueCopies : order.copies) = printer.copyCount();
+    return order;
+}
+
+} // namespace
+
+PrintOrder QtPrinter::choose(const QString& documentName, int sheets) {
+    auto printer = printerFor(documentName);
+    if (printer->outputFormat() == QPrinter::NativeFormat || dialogWritesFiles()) {
+        QPrintDialog dialog(printer.get(), &m_window);
+        dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
+                          QAbstractPrintDialog::PrintPageRange | QAbstractPrintDialog::PrintCollateCopies);
+        dialog.setMinMax(1, sheets);
+        dialog.setFromTo(1, sheets);
+        if (dialog.exec() != QDialog::Accepted)
+            return {};
+    }
+    PrintOrder order = orderFor(*printer);
+    const bool backwards = printer->pageOrder() == QPrinter::LastPageFirst;
+    if (printer->outputFormat() == QPrinter::PdfFormat && !printer->outputFileName().isEmpty()) {
+        order.backwards = backwards;
+        order.destination = "written to " + QDir::toNativeSeparators(printer->outputFileName());
+        order.job =
+            std::make_unique<PdfFileJob>(printer->outputFileName(), printer->pageLayout(), documentName);
+    } else {
+        if (backwards)
+            askQueueForReverse(*printer);
+        order.destination = "sent to " + printer->printerName();
+        order.job = std::make_unique<QueueJob>(std::move(printer));
+    }
+    return order;
+}
+
+void QtPrinter::tell(const QString& message) {
+    QMessageBox::warning(&m_window, "Quarvelle", message);
 }
 
 } // namespace quarvelle

@@ -12,9 +12,12 @@ public:
     /// `window` outlives the printer.
     explicit QtPrinter(QWidget& window) : m_window(window) {}
 
-    /// Landscape paper until the person chooses otherwise. "Print to File" gives a PDF file.
-    std::unique_ptr<PrintJob> choose(const QString& documentName) override;
-    void tellFailure(const QString& reason) override;
+    /// Landscape paper until the person chooses otherwise. "Print to File" gives a PDF file. Whatever the
+    /// dialog offers of sheets, copies and their order holds for printers and files alike; on a printer, the
+    /// print queue sees to copies and order. Where there is nothing that the dialog could print on, it isn't
+    /// shown, and the job says so.
+    PrintOrder choose(const QString& documentName, int sheets) override;
+    void tell(const QString& message) override;
 
 private:
     QWidget& m_window;

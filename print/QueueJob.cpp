@@ -32,6 +32,8 @@ QueueJob::~QueueJob() {
 }
 
 QString QueueJob::begin() {
+    if (m_printer->printerName().isEmpty())
+        return "There is no printer. Set one up in the system's settings, and then print again.";
     if (QPrinterInfo::printerInfo(m_printer->printerName()).isNull())
         return failure("There is no such printer any more");
     return {};

@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 #include "engine/BoardGeometry.h"
 #include "engine/ProgramState.h"
@@ -16,10 +17,28 @@ namespace {
 constexpr int margin = 8;
 /// Between two squares: clearly more than the gap between a number and its grid, less than a number's cell.
 constexpr int gap = 16;
+/// From a board to its note, and to the note's lower edge: nearer to its own board than to the next one.
+constexpr int noteInset = 1;
+constexpr int noteBottom = 13;
+/// Digits in a larger cell would look clumsy on the paper that people have.
+constexpr double widestCell = 18;
 
-/// How many boards of `size` pixels fit from the margin to `limit`.
-int boardsThatFit(int size, int limit) {
-    return std::max(1, (limit + 1 - margin + gap) / (size + gap));
+QSize boardSize(const ProgramState& state) {
+    return {static_cast<int>(state.cellWidth) * state.visibleColumns + 1, rowHeight * state.visibleRows + 1};
+}
+
+/// The drawing surface inside its margins.
+QRect surface(const ProgramState& state) {
+    return {QPoint(margin, margin), QPoint(state.boardWidthLimit, state.boardHeightLimit)};
+}
+
+/// How many boards of `size` pixels fit on `room` pixels.
+int boardsThatFit(int size, int room) {
+    return std::max(1, (room + gap) / (size + gap));
+}
+
+double scaleToFit(const QRect& area, QSizeF room) {
+    return std::min(room.width() / area.width(), room.height() / area.height());
 }
 
 /// Right edge of the label with the most digits.
@@ -31,24 +50,46 @@ int labelRight(const ProgramState& state) {
 
 } // namespace
 
-SheetLayout::SheetLayout(const ProgramState& state)
-    : m_board(static_cast<int>(state.cellWidth) * state.visibleColumns + 1,
-              rowHeight * state.visibleRows + 1),
-      m_frame(QPoint(margin, margin), QPoint(state.boardWidthLimit, state.boardHeightLimit)) {
+SheetLayout::SheetLayout(const ProgramState& state, int squares, QSizeF room) : m_board(boardSize(state)) {
     if (isInPieces(state)) {
         m_content = QRect(place(0), m_board);
         m_content.setRight(labelRight(state));
-        m_frame |= m_content;
+        m_scale = scaleToFit(surface(state) | m_content, room);
         return;
     }
-    m_columns = boardsThatFit(m_board.width(), state.boardWidthLimit);
-    m_rows = boardsThatFit(m_board.height(), state.boardHeightLimit);
-    m_content = QRect(place(0), m_board) | QRect(place(squares() - 1), m_board);
+    const double largest = std::max(widestCell / state.cellWidth, scaleToFit(surface(state), room));
+    const auto merits = [&](int columns) {
+        const int rows = (squares + columns - 1) / columns;
+        const double scale = std::min(largest, scaleToFit(contentOf(columns, rows), room));
+        return std::tuple(scale, -columns * rows, columns);
+    };
+    for (int columns = 2; columns <= squares; ++columns)
+        if (merits(columns) > merits(m_columns))
+            m_columns = columns;
+    m_content = contentOf(m_columns, (squares + m_columns - 1) / m_columns);
+    m_scale = std::get<0>(merits(m_columns));
+}
+
+int SheetLayout::squaresThatFit(const ProgramState& state) {
+    if (isInPieces(state))
+        return 1;
+    const QSize board = boardSize(state);
+    return boardsThatFit(board.width(), surface(state).width()) *
+           boardsThatFit(board.height(), surface(state).height());
 }
 
 QPoint SheetLayout::place(int index) const {
     return {margin + index % m_columns * (m_board.width() + gap),
             margin + index / m_columns * (m_board.height() + gap)};
+}
+
+int SheetLayout::noteTop(int top) const {
+    return top + m_board.height() + noteInset;
+}
+
+QRect SheetLayout::contentOf(int columns, int rows) const {
+    return {margin, margin, columns * (m_board.width() + gap) - gap,
+            rows * (m_board.height() + gap) - gap + noteBottom};
 }
 
 } // namespace quarvelle

@@ -1,72 +1,165 @@
 #include "print/Sheets.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
 #include "engine/EventQueue.h"
 #include "engine/ProgramState.h"
 #include "practice/Board.h"
-#include "ui/DrawingSurface.h"
+#include "print/BatchTexts.h"
+#include "print/SheetPainter.h"
+#include "ui/BoardPage.h"
+#include "ui/MainPage.h"
+#include "ui/MainWindow.h"
 
 namespace quarvelle {
 
 namespace {
 
-void drawView(ProgramState& state, Canvas& canvas, int showAnswers) {
-    state.showAnswers = showAnswers;
-    showsquare(state, canvas);
+constexpr int largestInt = std::numeric_limits<int>::max();
+
+int piecesOf(const ProgramState& state) {
+    return piecesAcross(state) * piecesDown(state);
+}
+
+int viewsOf(const ProgramState& state) {
+    return state.puzzleMode == PuzzleMode::both ? 2 : 1;
 }
 
 } // namespace
 
-Sheets::Sheets(ProgramState& state, DrawingSurface& surface, PrintJob& job, EventQueue& events)
-    : m_state(state), m_surface(surface), m_job(job), m_events(events), m_layout(state) {}
+SheetPlan Sheets::planFor(const ProgramState& state) {
+    const auto squares = static_cast<int>(std::min<double>(std::ceil(state.printCount), largestInt));
+    return {squares, SheetLayout::squaresThatFit(state), piecesOf(state) * viewsOf(state)};
+}
+
+Sheets::Sheets(MainWindow& window, const SheetPlan& plan, const PrintOrder& order, EventQueue& events)
+    : m_window(window), m_state(window.state()), m_plan(plan), m_order(order), m_events(events),
+      m_layout(m_state, plan.mostSquares(), roomAboveCaption(order.paper)),
+      m_first(std::max(1, order.firstSheet)), m_last(std::min(order.lastSheet, plan.sheets())),
+      m_bundle(plan.bundleOf(order.backwards ? m_last : m_first)),
+      m_bundlesLeft(m_first > m_last ? 0 : plan.bundleOf(m_last) - plan.bundleOf(m_first) + 1) {
+    m_window.menus().foot->beginSheets(static_cast<int>(std::min<std::int64_t>(ordered(), largestInt)));
+}
+
+Sheets::~Sheets() {
+    m_window.menus().foot->endSheets();
+}
+
+std::int64_t Sheets::ordered() const {
+    return std::int64_t{std::max(0, m_last - m_first + 1)} * m_order.copies;
+}
 
 QString Sheets::add() {
-    const int across = piecesAcross(m_state);
-    const int pieces = across * piecesDown(m_state);
-    for (int piece = 0; piece < pieces; ++piece) {
-        if (piece > 0) {
-            m_events.yield();
-            if (m_state.stopRequested == Request::stop)
-                break;
-        }
-        m_state.pageColumn = piece % across + 1;
-        m_state.pageRow = piece / across + 1;
-        draw();
-        QString failure = m_filled == m_layout.squares() ? printSheet() : QString();
-        if (!failure.isEmpty())
-            return failure;
+    const QString note = squareNote(m_state, m_plan.firstSquareOf(m_bundle) + m_placed);
+    QString failure;
+    if (isInPieces(m_state)) {
+        failure = addPieces(note);
+    } else {
+        if (m_placed == 0)
+            clear();
+        draw(m_layout.place(m_placed), note);
+        if (m_placed + 1 == m_plan.squaresOf(m_bundle))
+            failure = printSheets(m_plan.firstSheetOf(m_bundle));
     }
-    return {};
-}
-
-void Sheets::draw() {
-    const QPoint place = m_layout.place(m_filled);
-    m_state.boardLeft = place.x();
-    m_state.boardTop = place.y();
-    if (m_state.puzzleMode == PuzzleMode::both)
-        drawView(m_state, m_answers, 1);
-    drawView(m_state, m_surface, m_state.puzzleMode == PuzzleMode::answers ? 1 : 0);
-    ++m_filled;
-}
-
-QString Sheets::printRest() {
-    return m_filled > 0 ? printSheet() : QString();
-}
-
-QString Sheets::printSheet() {
-    const bool puzzles = m_state.puzzleMode != PuzzleMode::answers;
-    QString failure = printView(m_surface.drawing(), puzzles ? "Puzzles" : "Squares");
-    if (failure.isEmpty() && m_state.puzzleMode == PuzzleMode::both)
-        failure = printView(m_answers, "Answers");
-    m_surface.clear();
-    m_answers.clear();
-    m_filled = 0;
-    ++m_sheet;
+    if (++m_placed == m_plan.squaresOf(m_bundle)) {
+        m_bundle += m_order.backwards ? -1 : 1;
+        --m_bundlesLeft;
+        m_placed = 0;
+    }
     return failure;
 }
 
-QString Sheets::printView(const Drawing& drawing, const char* name) {
-    return m_job.print(
-        Sheet{drawing, m_layout.frame(), m_layout.content(), QString("%1, sheet %2").arg(name).arg(m_sheet)});
+QString Sheets::addPieces(const QString& note) {
+    const int across = piecesAcross(m_state);
+    const int pieces = piecesOf(m_state);
+    QString failure;
+    for (int turn = 0; turn < pieces && failure.isEmpty(); ++turn) {
+        if (turn > 0 && isStopped())
+            break;
+        const int piece = inOrder(turn, pieces);
+        m_state.pageColumn = piece % across + 1;
+        m_state.pageRow = piece / across + 1;
+        clear();
+        draw(m_layout.place(0));
+        failure = printSheets(m_plan.firstSheetOf(m_bundle) + piece * viewsOf(m_state), note);
+    }
+    return failure;
+}
+
+int Sheets::inOrder(int turn, int turns) const {
+    return m_order.backwards ? turns - 1 - turn : turn;
+}
+
+void Sheets::clear() {
+    m_window.boardPage().clear();
+    m_answers.clear();
+}
+
+void Sheets::draw(QPoint place, const QString& note) {
+    const auto drawView = [&](Canvas& canvas, bool answers) {
+        if (!note.isEmpty())
+            canvas.drawNote(place.x(), m_layout.noteTop(place.y()), note, m_layout.boardWidth());
+        m_state.showAnswers = answers ? 1 : 0;
+        showsquare(m_state, canvas);
+    };
+    m_state.boardLeft = place.x();
+    m_state.boardTop = place.y();
+    if (m_state.puzzleMode == PuzzleMode::both)
+        drawView(m_answers, true);
+    drawView(m_window.boardPage(), m_state.puzzleMode == PuzzleMode::answers);
+}
+
+QString Sheets::printSheets(int sheet, const QString& note) {
+    const bool squares = m_state.puzzleMode == PuzzleMode::answers;
+    const bool drawsStarts = note.isEmpty() && m_window.mainPage().controls().Check1->isChecked();
+    const int views = viewsOf(m_state);
+    QString failure;
+    for (int turn = 0; turn < views && failure.isEmpty(); ++turn) {
+        const int view = inOrder(turn, views);
+        if (sheet + view < m_first || sheet + view > m_last)
+            continue;
+        const char* const name = squares ? "Squares" : view == 0 ? "Puzzles" : "Answers";
+        QStringList contents{QString("%1, sheet %2").arg(name).arg((sheet - 1) / views + 1)};
+        if (!note.isEmpty())
+            contents << note;
+        const QString caption = sheetCaption(m_state, contents, drawsStarts, m_order.date);
+        const Drawing& drawing = view == 0 ? m_window.boardPage().drawing() : m_answers;
+        failure = print(drawing, caption, m_order.collated ? 1 : m_order.copies);
+        if (m_order.collated && m_order.copies > 1)
+            m_kept.push_back({drawing, caption});
+    }
+    return failure;
+}
+
+QString Sheets::print(const Drawing& drawing, const QString& caption, int times) {
+    QString failure;
+    for (int time = 0; time < times && failure.isEmpty(); ++time) {
+        // The sheets of a bundle belong together, copies of a sheet don't.
+        if (m_state.stopRequested == Request::stop || (time > 0 && isStopped()))
+            break;
+        failure = m_order.job->print(Sheet{drawing, m_layout.content(), m_layout.scale(), caption});
+        m_window.menus().foot->showDone(static_cast<int>(std::min<std::int64_t>(++m_printed, largestInt)));
+    }
+    return failure;
+}
+
+QString Sheets::printCopies() {
+    for (int copy = 1; copy < m_order.copies; ++copy)
+        for (const KeptSheet& kept : m_kept) {
+            if (isStopped())
+                return {};
+            QString failure = print(kept.drawing, kept.caption, 1);
+            if (!failure.isEmpty())
+                return failure;
+        }
+    return {};
+}
+
+bool Sheets::isStopped() {
+    m_events.yield();
+    return m_state.stopRequested == Request::stop;
 }
 
 } // namespace quarvelle

@@ -44,7 +44,7 @@ void AnswerBox::alignText() {
     const double room = place.width() - 2 - inset.x();
     const double natural = QFontMetricsF(boardFont()).horizontalAdvance(text());
     const double condensed = std::min(board->drawing().condensed(), natural > room ? room / natural : 1);
-    const ShownText shown(*this, condensed);
+    const ShownText shown(*this, boardFont(), condensed);
     if (font() != shown.font())
         setFont(shown.font());
     // A line edit keeps insets of its own, and room for the cursor at the end of its text.

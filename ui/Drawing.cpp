@@ -13,49 +13,86 @@ namespace quarvelle {
 
 namespace {
 
-/// Width drawn over natural width such that every text of the list fits its room; at most 1.
-double condensedBy(const std::vector<DrawingItem>& items, const QFontMetricsF& metrics) {
+/// Width drawn over natural width such that every text of a style fits its room; at most 1.
+double condensedBy(const std::vector<DrawingItem>& items, TextStyle style, const QFontMetricsF& metrics) {
     double condensed = 1;
     for (const DrawingItem& item : items)
-        if (const auto* text = std::get_if<TextAtPoint>(&item))
+        if (const auto* text = std::get_if<TextAtPoint>(&item); text && text->style == style)
             condensed = std::min(condensed, text->room / metrics.horizontalAdvance(text->text));
     return condensed;
 }
 
+/// How the texts of a style are written on paper.
+struct Writing {
+    QFont font;
+    QFontMetricsF metrics;
+    double condensed;
+
+    Writing(const QFont& styleFont, TextStyle style, const std::vector<DrawingItem>& items,
+            QPaintDevice* device)
+        : font(styleFont), metrics(styleFont, device), condensed(condensedBy(items, style, metrics)) {}
+};
+
 class Replay {
 public:
     Replay(QPainter& painter, const std::vector<DrawingItem>& items)
-        : m_painter(painter), m_metrics(painter.font(), painter.device()),
-          m_condensed(condensedBy(items, m_metrics)) {}
+        : m_painter(painter), m_number(boardFont(), TextStyle::number, items, painter.device()),
+          m_note(noteFont(), TextStyle::note, items, painter.device()) {
+        m_painter.setPen(Qt::black);
+    }
 
-    void operator()(const FilledRectangle& item) const { m_painter.fillRect(item.rectangle, item.color); }
+    void operator()(const FilledRectangle& item) { m_painter.fillRect(item.rectangle, item.color); }
 
-    void operator()(const TextAtPoint& item) const {
-        const double baseline = item.point.y() + m_metrics.ascent();
-        if (m_condensed == 1) {
+    void operator()(const TextAtPoint& item) {
+        const Writing& writing = item.style == TextStyle::note ? m_note : m_number;
+        if (m_inUse != &writing)
+            m_painter.setFont(writing.font);
+        m_inUse = &writing;
+        const double baseline = item.point.y() + writing.metrics.ascent();
+        if (writing.condensed == 1) {
             m_painter.drawText(QPointF(item.point.x(), baseline), item.text);
             return;
         }
         const QTransform natural = m_painter.transform();
-        m_painter.scale(m_condensed, 1);
-        m_painter.drawText(QPointF(item.point.x() / m_condensed, baseline), item.text);
+        m_painter.scale(writing.condensed, 1);
+        m_painter.drawText(QPointF(item.point.x() / writing.condensed, baseline), item.text);
         m_painter.setTransform(natural);
     }
 
 private:
     QPainter& m_painter;
-    QFontMetricsF m_metrics;
-    double m_condensed;
+    Writing m_number;
+    Writing m_note;
+    const Writing* m_inUse = nullptr; ///< in the painter's font
 };
 
 /// On a screen, whose pixels are few.
-struct Show {
-    QPainter& painter;
-    const PixelGrid& grid;
-    const ShownText& text;
+class Show {
+public:
+    Show(QPainter& painter, const QWidget& widget, const Drawing& drawing)
+        : m_painter(painter), m_grid(PixelGrid::painted(painter, PageScale::factorOf(widget))),
+          m_number(widget, boardFont(), drawing.condensed()),
+          m_note(widget, noteFont(),
+                 condensedBy(drawing.items(), TextStyle::note, QFontMetricsF(noteFont()))) {
+        m_painter.setPen(Qt::black);
+    }
 
-    void operator()(const FilledRectangle& item) const { grid.fill(painter, item.rectangle, item.color); }
-    void operator()(const TextAtPoint& item) const { text.draw(painter, item.point, item.text); }
+    void operator()(const FilledRectangle& item) { m_grid.fill(m_painter, item.rectangle, item.color); }
+
+    void operator()(const TextAtPoint& item) {
+        const ShownText& text = item.style == TextStyle::note ? m_note : m_number;
+        if (m_inUse != &text)
+            m_painter.setFont(text.font());
+        m_inUse = &text;
+        text.draw(m_painter, item.point, item.text);
+    }
+
+private:
+    QPainter& m_painter;
+    PixelGrid m_grid;
+    ShownText m_number;
+    ShownText m_note;
+    const ShownText* m_inUse = nullptr; ///< in the painter's font
 };
 
 } // namespace
@@ -68,30 +105,28 @@ void Drawing::drawText(int x, int y, const QString& text, double room) {
     m_items.emplace_back(TextAtPoint{QPoint(x, y), text, room});
 }
 
+void Drawing::drawNote(int x, int y, const QString& text, double room) {
+    m_items.emplace_back(TextAtPoint{QPoint(x, y), text, room, TextStyle::note});
+}
+
 void Drawing::replay(QPainter& painter) const {
     painter.save();
-    painter.setFont(boardFont());
-    painter.setPen(Qt::black);
-    const Replay replay(painter, m_items);
+    Replay replay(painter, m_items);
     for (const DrawingItem& item : m_items)
         std::visit(replay, item);
     painter.restore();
 }
 
 void Drawing::show(QPainter& painter, const QWidget& widget) const {
-    const ShownText text(widget, condensed());
     painter.save();
-    painter.setFont(text.font());
-    painter.setPen(Qt::black);
-    const PixelGrid grid = PixelGrid::painted(painter, PageScale::factorOf(widget));
-    const Show show{painter, grid, text};
+    Show show(painter, widget, *this);
     for (const DrawingItem& item : m_items)
         std::visit(show, item);
     painter.restore();
 }
 
 double Drawing::condensed() const {
-    return condensedBy(m_items, QFontMetricsF(boardFont()));
+    return condensedBy(m_items, TextStyle::number, QFontMetricsF(boardFont()));
 }
 
 } // namespace quarvelle

@@ -18,11 +18,17 @@ struct FilledRectangle {
     bool operator==(const FilledRectangle&) const = default;
 };
 
+enum class TextStyle {
+    number, ///< in a cell, in the board's font
+    note,   ///< beside a board, smaller
+};
+
 /// Text with its top-left corner at a point and `room` for its width, in pixels.
 struct TextAtPoint {
     QPoint point;
     QString text;
     double room = 0;
+    TextStyle style = TextStyle::number;
     bool operator==(const TextAtPoint&) const = default;
 };
 
@@ -37,6 +43,8 @@ public:
     virtual void fillRectangle(int left, int top, int right, int bottom, const QColor& color) = 0;
     /// In black, the top-left corner at (`x`, `y`), no wider than `room`, which is positive.
     virtual void drawText(int x, int y, const QString& text, double room) = 0;
+    /// Likewise, in the smaller font of the notes.
+    virtual void drawNote(int x, int y, const QString& text, double room) = 0;
 };
 
 /// What was drawn, in order. Screen and paper replay the same list, so they can't drift apart.
@@ -44,18 +52,19 @@ class Drawing final : public Canvas {
 public:
     void fillRectangle(int left, int top, int right, int bottom, const QColor& color) override;
     void drawText(int x, int y, const QString& text, double room) override;
+    void drawNote(int x, int y, const QString& text, double room) override;
     void clear() { m_items.clear(); }
 
     const std::vector<DrawingItem>& items() const { return m_items; }
 
-    /// Draws the list in the board's font and black, in the painter's coordinates. Where one text is too wide
-    /// for its room, all are condensed alike, so that digits have one width.
+    /// Draws the list in black, in the painter's coordinates. Where one text is too wide for its room, all of
+    /// its style are condensed alike, so that digits have one width.
     void replay(QPainter& painter) const;
 
     /// Draws the list on a widget, as large as the widget shows a page: lines equally thick, in whole pixels
     /// of the screen. `painter` is in the widget's pixels.
     void show(QPainter& painter, const QWidget& widget) const;
-    /// How far the texts are condensed on a screen: width over natural width, at most 1.
+    /// How far the numbers are condensed on a screen: width over natural width, at most 1.
     double condensed() const;
 
 private:

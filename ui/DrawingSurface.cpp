@@ -19,6 +19,11 @@ void DrawingSurface::drawText(int x, int y, const QString& text, double room) {
     repaintSoon();
 }
 
+void DrawingSurface::drawNote(int x, int y, const QString& text, double room) {
+    m_drawing.drawNote(x, y, text, room);
+    repaintSoon();
+}
+
 void DrawingSurface::clear() {
     m_drawing.clear();
     repaintSoon();

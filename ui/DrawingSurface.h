@@ -20,6 +20,7 @@ public:
 
     void fillRectangle(int left, int top, int right, int bottom, const QColor& color) override;
     void drawText(int x, int y, const QString& text, double room) override;
+    void drawNote(int x, int y, const QString& text, double room) override;
     void clear();
 
     /// The pixel of the drawing that is shown at a point of the widget.

@@ -36,4 +36,8 @@ QFont enlarged(QFont font, double factor) {
     return font;
 }
 
+QFont noteFont() {
+    return sansSerif(10);
+}
+
 } // namespace quarvelle

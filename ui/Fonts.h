@@ -13,4 +13,7 @@ QFont boardFont();
 /// A font of the nearest size, since sizes are whole pixels; what is to have an exact width is stretched.
 QFont enlarged(QFont font, double factor);
 
+/// The font of what stands beside a board: 7.5 points.
+QFont noteFont();
+
 } // namespace quarvelle

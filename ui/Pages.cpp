@@ -55,6 +55,7 @@ void Pages::show(MainWindow& window, int page) {
     const Ui::MagicSquare2& menus = window.menus();
     while (QWidget* popup = QApplication::activePopupWidget())
         popup->close();
+    menus.foot->clearMessage();
     window.state().currentPage = page;
     menus.pages->setCurrentIndex(page);
     menus.client->ensureVisible(0, 0);

@@ -10,10 +10,10 @@
 
 namespace quarvelle {
 
-ShownText::ShownText(const QWidget& widget, double condensed)
-    : m_factor(PageScale::factorOf(widget)), m_font(enlarged(boardFont(), m_factor)),
-      m_ascentAt100(QFontMetricsF(boardFont()).ascent()), m_ascent(QFontMetricsF(m_font).ascent()) {
-    const double natural = boardFont().pixelSize() * m_factor / m_font.pixelSize();
+ShownText::ShownText(const QWidget& widget, const QFont& font, double condensed)
+    : m_factor(PageScale::factorOf(widget)), m_font(enlarged(font, m_factor)),
+      m_ascentAt100(QFontMetricsF(font).ascent()), m_ascent(QFontMetricsF(m_font).ascent()) {
+    const double natural = font.pixelSize() * m_factor / m_font.pixelSize();
     m_font.setStretch(std::max(1, qFloor(100 * condensed * natural + 1e-6)));
 }
 

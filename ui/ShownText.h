@@ -13,8 +13,8 @@ namespace quarvelle {
 /// box with this font and begins at the same point looks as if it had been drawn.
 class ShownText {
 public:
-    /// `condensed` is the width drawn over natural width, at most 1.
-    ShownText(const QWidget& widget, double condensed);
+    /// `font` is that at 100 %; `condensed` is the width drawn over natural width, at most 1.
+    ShownText(const QWidget& widget, const QFont& font, double condensed);
 
     const QFont& font() const { return m_font; }
     /// Where a text with its top-left corner at a point of the drawing has it in the widget.

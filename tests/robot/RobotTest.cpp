@@ -45,11 +45,15 @@ protected:
             expect(!blanksOf(state()).empty(), "a solved square stays");
             turn(true);
         };
-        printer.dialog = [this] {
+        printer.dialog = [this](PrintOrder& order) {
             expect(state().printCount > 0 && hasPlayableNumbers(state()), "nothing is to be printed");
             QDialog dialog;
             dialog.open();
             QTest::keyClick(&dialog, Qt::Key_Q);
+            order.firstSheet = 1 + below(order.lastSheet);
+            order.backwards = below(2) == 0;
+            order.collated = below(2) == 0;
+            order.copies = 1 + below(3);
             const int steps = 1 + below(60);
             printer.failingStep = 1 + below(steps);
             return below(4) != 0;

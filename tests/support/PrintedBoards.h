@@ -71,11 +71,13 @@ class FakePrinter final : public Printer {
 public:
     struct Printed {
         Drawing drawing;
-        QRect frame, content;
+        QRect content;
+        double scale;
         std::string caption;
     };
 
-    std::function<bool()> dialog = [] { return true; }; ///< whether the person prints
+    /// Whether the person prints, and what they change of the order.
+    std::function<bool(PrintOrder&)> dialog = [](PrintOrder&) { return true; };
     int failingStep = 0; ///< of the job's beginning, its sheets and its end, from 1; 0 for none
 
     // Of the last document:
@@ -83,14 +85,25 @@ public:
     std::vector<Printed> sheets;
     int steps = 0;
     int failuresTold = 0;
+    QString told; ///< last of all
 
-    std::unique_ptr<PrintJob> choose(const QString& name) override {
+    PrintOrder choose(const QString& name, int sheetsOffered) override {
         document = name;
         sheets.clear();
         steps = failuresTold = 0;
-        return dialog() ? std::make_unique<Job>(*this) : nullptr;
+        PrintOrder order;
+        order.destination = "sent to Fake";
+        order.paper = {277, 190};
+        order.date = QDate(2026, 11, 23);
+        order.lastSheet = sheetsOffered;
+        if (dialog(order))
+            order.job = std::make_unique<Job>(*this);
+        return order;
     }
-    void tellFailure(const QString& reason) override { failuresTold += reason == "paper jam"; }
+    void tell(const QString& message) override {
+        told = message;
+        failuresTold += message == "paper jam";
+    }
 
 private:
     struct Job final : PrintJob {
@@ -99,7 +112,7 @@ private:
         QString begin() override { return ++printer.steps == printer.failingStep ? "paper jam" : ""; }
         QString print(const Sheet& sheet) override {
             printer.sheets.push_back(
-                {sheet.drawing, sheet.frame, sheet.content, sheet.caption.toStdString()});
+                {sheet.drawing, sheet.content, sheet.scale, sheet.caption.toStdString()});
             return begin();
         }
         QString finish() override { return begin(); }

@@ -1,0 +1,55 @@
+#include "print/BatchTexts.h"
+
+#include <array>
+
+#include "engine/MagicArithmetic.h"
+#include "engine/Numbers.h"
+#include "engine/ProgramState.h"
+#include "practice/Titles.h"
+#include "print/Printer.h"
+
+namespace quarvelle {
+
+namespace {
+
+QString textOf(double number) {
+    return QString::fromStdString(numberText(number));
+}
+
+} // namespace
+
+std::string batchTitle(const ProgramState& state) {
+    // In the order of the values of `puzzleMode`.
+    constexpr std::array<const char*, 3> kinds{"squares", "puzzles", "puzzles and answers"};
+    return "Creating " + orderByOrder(state) +
+           " Complete Magic Square(s): " + numberText(state.printCount - state.squaresSolved) + " out of " +
+           numberText(state.printCount) + ' ' + kinds[static_cast<std::size_t>(state.puzzleMode)] +
+           " left to print.";
+}
+
+QString squareNote(const ProgramState& state, int number) {
+    const double total = SquareNumbers(state.startNumber, state.distance).magicTotal(state.squareSize);
+    return QString("%1. Magic Total %2").arg(QString::number(number), textOf(total));
+}
+
+QString sheetCaption(const ProgramState& state, const QStringList& contents, bool drawsStarts,
+                     const QDate& date) {
+    const double first = drawsStarts ? state.baseStart : state.startNumber;
+    QStringList parts = contents;
+    parts << QString("%1 by %1").arg(state.squareSize)
+          << (drawsStarts ? "first numbers from " : "first number ") + textOf(first)
+          << "distance " + textOf(state.distance);
+    if (state.puzzleMode != PuzzleMode::answers)
+        parts << (state.difficulty == Difficulty::easy ? "easy" : "challenging");
+    parts << date.toString(Qt::ISODate);
+    return parts.join(" · ");
+}
+
+QString batchEnding(std::int64_t done, std::int64_t sheets, const PrintOrder& order) {
+    const QString all = QString("%1 %2 %3")
+                            .arg(QString::number(sheets * order.queueCopies),
+                                 sheets * order.queueCopies == 1 ? "sheet" : "sheets", order.destination);
+    return done == sheets ? all : QString("Stopped: %1 of %2").arg(done * order.queueCopies).arg(all);
+}
+
+} // namespace quarvelle

@@ -1,0 +1,74 @@
+#include "ui/FootLine.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QProgressBar>
+#include <QTimerEvent>
+
+namespace quarvelle {
+
+namespace {
+
+/// A key that is held down says again what it said before.
+bool isDoing(const QEvent& event) {
+    switch (event.type()) {
+    case QEvent::KeyPress:
+    case QEvent::ShortcutOverride:
+        return !static_cast<const QKeyEvent&>(event).isAutoRepeat();
+    case QEvent::MouseButtonPress:
+    case QEvent::Wheel:
+    case QEvent::TouchBegin:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+FootLine::FootLine(QWidget* parent) : QStatusBar(parent), m_bar(*new QProgressBar) {
+    setSizeGripEnabled(false);
+    m_bar.setFormat("%v of %m sheets");
+    m_bar.hide();
+    addWidget(&m_bar, 1);
+}
+
+void FootLine::say(const QString& text) {
+    showMessage(text);
+    qApp->installEventFilter(this);
+}
+
+void FootLine::beginSheets(int sheets) {
+    constexpr int milliseconds = 1000;
+    m_bar.setRange(0, sheets);
+    m_bar.setValue(0);
+    m_patience.start(milliseconds, this);
+}
+
+void FootLine::showDone(int sheets) {
+    m_bar.setValue(sheets);
+}
+
+void FootLine::endSheets() {
+    m_patience.stop();
+    m_bar.hide();
+}
+
+bool FootLine::eventFilter(QObject* watched, QEvent* event) {
+    if (isDoing(*event)) {
+        qApp->removeEventFilter(this);
+        clearMessage();
+    }
+    return QStatusBar::eventFilter(watched, event);
+}
+
+void FootLine::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != m_patience.timerId()) {
+        QStatusBar::timerEvent(event);
+        return;
+    }
+    m_patience.stop();
+    m_bar.show();
+}
+
+} // namespace quarvelle
