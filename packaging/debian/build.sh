@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Builds the Debian package from the checkout's files. The same files give the same package wherever they are.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+
+SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
+export SOURCE_DATE_EPOCH
+eval "$(DEB_BUILD_MAINT_OPTIONS=hardening=+all dpkg-buildflags --export=sh)"
+CXXFLAGS="$CXXFLAGS $CPPFLAGS"
+cmake --preset package
+cmake --build --preset package
+cpack --config build/package/CPackConfig.cmake -B build/package
