@@ -5,7 +5,10 @@ cd "$(dirname "$0")/../.."
 
 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
 export SOURCE_DATE_EPOCH
-eval "$(DEB_BUILD_MAINT_OPTIONS=hardening=+all dpkg-buildflags --export=sh)"
+umask 022
+# Debug information would be stripped from the program, but not from the sum that identifies the build.
+export DEB_BUILD_MAINT_OPTIONS=hardening=+all DEB_CXXFLAGS_MAINT_STRIP=-g
+eval "$(dpkg-buildflags --export=sh)"
 CXXFLAGS="$CXXFLAGS $CPPFLAGS"
 cmake --preset package
 cmake --build --preset package
