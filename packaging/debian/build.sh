@@ -10,6 +10,6 @@ umask 022
 export DEB_BUILD_MAINT_OPTIONS=hardening=+all DEB_CXXFLAGS_MAINT_STRIP=-g
 eval "$(dpkg-buildflags --export=sh)"
 CXXFLAGS="$CXXFLAGS $CPPFLAGS"
-cmake --preset package
+cmake --fresh --preset package
 cmake --build --preset package
 cpack --config build/package/CPackConfig.cmake -B build/package
