@@ -1,10 +1,18 @@
-.PHONY: help run test demo robot bench print-check lint
+.PHONY: help run package package-check test demo robot bench print-check lint
 
 help: ## Say what there is to make
 	@sed -n 's/^\([a-z-]*\):.*## /make \1\t/p' $(MAKEFILE_LIST)
 
 run: ## Build Quarvelle and open its window
 	@packaging/run.sh
+
+package: ## Make the Debian package
+	@packaging/install-packages.sh build package
+	packaging/debian/build.sh
+
+package-check: package ## Validate the Debian package, build it again, install it in a bare system and remove it
+	@packaging/install-packages.sh package-check
+	@tests/acceptance/package-check
 
 test: ## Build the tests with the sanitizers and run them
 	@packaging/install-packages.sh build test

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <QTime>
 
 #include "app/Program.h"
@@ -10,10 +11,22 @@ float secondsSinceMidnight() {
     return static_cast<float>(QTime::currentTime().msecsSinceStartOfDay()) / 1000.0F;
 }
 
+/// In the sizes that window lists and switchers show, where they don't take it from the launcher's entry.
+QIcon windowIcon() {
+    QIcon icon;
+    for (const int size : {16, 32, 48, 64, 128, 256})
+        icon.addFile(QString(":/icon/%1.png").arg(size));
+    return icon;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    QApplication::setApplicationName("Quarvelle");
+    QApplication::setApplicationVersion(QUARVELLE_VERSION);
+    QApplication::setDesktopFileName("quarvelle");
+    QApplication::setWindowIcon(windowIcon());
     quarvelle::SeededRandom random(0);
     quarvelle::QtEventQueue events;
     quarvelle::Program program(random, events);
