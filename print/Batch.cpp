@@ -12,6 +12,7 @@
 #include "print/Printer.h"
 #include "print/Sheets.h"
 #include "ui/BoardPage.h"
+#include "ui/FootLine.h"
 #include "ui/MainPage.h"
 #include "ui/MainWindow.h"
 #include "ui/Pages.h"
@@ -45,7 +46,7 @@ void Batch::Command1_Click() {
     if (!outcome.message.isEmpty())
         m_printer.tell(outcome.message);
     else
-        m_window.menus().foot->say(outcome.ending);
+        m_window.foot().say(outcome.ending);
 }
 
 void Batch::mainsub1() {

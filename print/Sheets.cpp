@@ -10,6 +10,7 @@
 #include "print/BatchTexts.h"
 #include "print/SheetPainter.h"
 #include "ui/BoardPage.h"
+#include "ui/FootLine.h"
 #include "ui/MainPage.h"
 #include "ui/MainWindow.h"
 
@@ -40,11 +41,11 @@ Sheets::Sheets(MainWindow& window, const SheetPlan& plan, const PrintOrder& orde
       m_first(std::max(1, order.firstSheet)), m_last(std::min(order.lastSheet, plan.sheets())),
       m_bundle(plan.bundleOf(order.backwards ? m_last : m_first)),
       m_bundlesLeft(m_first > m_last ? 0 : plan.bundleOf(m_last) - plan.bundleOf(m_first) + 1) {
-    m_window.menus().foot->beginSheets(static_cast<int>(std::min<std::int64_t>(ordered(), largestInt)));
+    m_window.foot().beginSheets(static_cast<int>(std::min<std::int64_t>(ordered(), largestInt)));
 }
 
 Sheets::~Sheets() {
-    m_window.menus().foot->endSheets();
+    m_window.foot().endSheets();
 }
 
 std::int64_t Sheets::ordered() const {
@@ -140,7 +141,7 @@ QString Sheets::print(const Drawing& drawing, const QString& caption, int times)
         if (m_state.stopRequested == Request::stop || (time > 0 && isStopped()))
             break;
         failure = m_order.job->print(Sheet{drawing, m_layout.content(), m_layout.scale(), caption});
-        m_window.menus().foot->showDone(static_cast<int>(std::min<std::int64_t>(++m_printed, largestInt)));
+        m_window.foot().showDone(static_cast<int>(std::min<std::int64_t>(++m_printed, largestInt)));
     }
     return failure;
 }

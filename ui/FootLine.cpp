@@ -26,11 +26,24 @@ bool isDoing(const QEvent& event) {
 
 } // namespace
 
-FootLine::FootLine(QWidget* parent) : QStatusBar(parent), m_bar(*new QProgressBar) {
+FootLine::FootLine(QWidget& parent) : QStatusBar(&parent), m_bar(*new QProgressBar) {
+    setAutoFillBackground(true);
+    hide();
+    parent.installEventFilter(this);
+    connect(this, &QStatusBar::messageChanged, this, &FootLine::appear);
     setSizeGripEnabled(false);
     m_bar.setFormat("%v of %m sheets");
     m_bar.hide();
     addWidget(&m_bar, 1);
+}
+
+/// Shows the line, or hides it where it has nothing to say.
+void FootLine::appear() {
+    const QSize room = parentWidget()->size();
+    const int height = sizeHint().height();
+    setGeometry(0, room.height() - height, room.width(), height);
+    setVisible(!currentMessage().isEmpty() || !m_bar.isHidden());
+    raise();
 }
 
 void FootLine::say(const QString& text) {
@@ -52,9 +65,12 @@ void FootLine::showDone(int sheets) {
 void FootLine::endSheets() {
     m_patience.stop();
     m_bar.hide();
+    appear();
 }
 
 bool FootLine::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == parentWidget() && event->type() == QEvent::Resize)
+        appear();
     if (isDoing(*event)) {
         qApp->removeEventFilter(this);
         clearMessage();
@@ -69,6 +85,7 @@ void FootLine::timerEvent(QTimerEvent* event) {
     }
     m_patience.stop();
     m_bar.show();
+    appear();
 }
 
 } // namespace quarvelle

@@ -7,13 +7,14 @@ class QProgressBar;
 
 namespace quarvelle {
 
-/// The line at the window's foot: says what has happened, and how far long work has come. It keeps its height
-/// with and without either, so that the pages above it never move.
+/// The line at the window's foot: says what has happened, and how far long work has come. It lies over the
+/// pages and is there only while it has something to say, so it neither takes room from them nor moves them.
 class FootLine : public QStatusBar {
     Q_OBJECT
 
 public:
-    explicit FootLine(QWidget* parent = nullptr);
+    /// Lies along the lower edge of `parent`.
+    explicit FootLine(QWidget& parent);
 
     /// Says `text` until the next thing that the person does, with whatever they do it.
     void say(const QString& text);
@@ -28,6 +29,8 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    void appear();
+
     QProgressBar& m_bar;
     QBasicTimer m_patience;
 };

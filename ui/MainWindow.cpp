@@ -7,6 +7,7 @@
 
 #include "ui/AccessibleBoard.h"
 #include "ui/BoardPage.h"
+#include "ui/FootLine.h"
 #include "ui/InformationPage.h"
 #include "ui/KeyCodes.h"
 #include "ui/MainPage.h"
@@ -21,6 +22,7 @@ namespace quarvelle {
 MainWindow::MainWindow() : m_state(std::make_unique<ProgramState>()) {
     AccessibleBoard::install();
     m_menus.setupUi(this);
+    m_foot = new FootLine(*m_menus.client);
     m_mainPage = new MainPage(*m_state);
     m_boardPage = new BoardPage(*m_state);
     m_informationPage = new InformationPage;

@@ -10,6 +10,7 @@
 namespace quarvelle {
 
 class BoardPage;
+class FootLine;
 class InformationPage;
 class MainPage;
 class PropertiesPage;
@@ -29,6 +30,7 @@ public:
     InformationPage& informationPage() const { return *m_informationPage; }
     PropertiesPage& propertiesPage() const { return *m_propertiesPage; }
     BoardPage& boardPage() const { return *m_boardPage; }
+    FootLine& foot() const { return *m_foot; }
 
     /// Maximises the window: a run begins.
     void present();
@@ -57,6 +59,7 @@ private:
     Ui::MagicSquare2 m_menus;
     MainPage* m_mainPage;
     BoardPage* m_boardPage;
+    FootLine* m_foot;
     InformationPage* m_informationPage;
     PropertiesPage* m_propertiesPage;
     bool m_activated = false;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <array>
 
+#include "ui/FootLine.h"
 #include "ui/InformationPage.h"
 #include "ui/MainPage.h"
 #include "ui/MainWindow.h"
@@ -55,7 +56,7 @@ void Pages::show(MainWindow& window, int page) {
     const Ui::MagicSquare2& menus = window.menus();
     while (QWidget* popup = QApplication::activePopupWidget())
         popup->close();
-    menus.foot->clearMessage();
+    window.foot().clearMessage();
     window.state().currentPage = page;
     menus.pages->setCurrentIndex(page);
     menus.client->ensureVisible(0, 0);

@@ -17,6 +17,7 @@
 #include "tests/support/WindowFixture.h"
 #include "ui/DrawingSurface.h"
 #include "ui/Fonts.h"
+#include "ui/FootLine.h"
 
 namespace quarvelle::testing {
 
@@ -196,11 +197,11 @@ TEST_F(BatchTest, PrintsTheSheetsOrderedAndTellsHowItEnded) {
                       ':' + numbered.substr(0, numbered.find('.')) + ' ';
         }
         EXPECT_EQ(sheets, row.sheets);
-        EXPECT_EQ(menus().foot->currentMessage().toStdString(), row.ending);
+        EXPECT_EQ(window().foot().currentMessage().toStdString(), row.ending);
         pressKey(Qt::Key_Shift);
-        EXPECT_EQ(menus().foot->currentMessage(), "") << "the next thing that a person does";
+        EXPECT_EQ(window().foot().currentMessage(), "") << "the next thing that a person does";
     }
-    const auto& bar = *menus().foot->findChild<QProgressBar*>();
+    const auto& bar = *window().foot().findChild<QProgressBar*>();
     events.onYield = [&](int) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return bar.isVisible(); }));
         EXPECT_EQ(bar.text(), QString("%1 of 1 sheets").arg(printer.sheets.size()));
@@ -210,11 +211,11 @@ TEST_F(BatchTest, PrintsTheSheetsOrderedAndTellsHowItEnded) {
     type(page().Text1, "0");
     click(page().Command1);
     EXPECT_TRUE(printer.told.startsWith("There is nothing to print"));
-    EXPECT_EQ(menus().foot->currentMessage(), "");
+    EXPECT_EQ(window().foot().currentMessage(), "");
     printer.dialog = [](PrintOrder&) { return false; };
     type(page().Text1, "1");
     click(page().Command1);
-    EXPECT_EQ(menus().foot->currentMessage(), "Cancelled");
+    EXPECT_EQ(window().foot().currentMessage(), "Cancelled");
 }
 
 static QRect boundsOf(const QImage& paper, QRgb color) {
