@@ -3,6 +3,7 @@
 #include <QTimer>
 
 #include "tests/support/WindowFixture.h"
+#include "ui/PageScale.h"
 #include "ui/QtEventQueue.h"
 
 namespace quarvelle::testing {
@@ -65,18 +66,56 @@ TEST_F(WindowFixture, PropertiesPageWorksByKeyboardAndKeepsALine) {
     EXPECT_TRUE(properties().Check2->isChecked() && state().mainDiagonalsAndLines == 1) << "no line at all";
 }
 
+/// What its caption covers of a control.
+static QRect inkOf(auto& widget) {
+    const QString text = widget.text();
+    const QImage whole = widget.grab().toImage();
+    widget.setText("");
+    const QImage bare = widget.grab().toImage();
+    widget.setText(text);
+    QRect ink;
+    for (int y = 0; y < whole.height(); ++y)
+        for (int x = 0; x < whole.width(); ++x)
+            if (whole.pixel(x, y) != bare.pixel(x, y))
+                ink |= QRect(x, y, 1, 1);
+    return ink;
+}
+
+TEST_F(LookTest, CaptionsAreWholeAtEveryFactor) {
+    const auto expectInside = [](const auto& widgets, double factor) {
+        for (auto* widget : widgets) {
+            if (widget->text().isEmpty())
+                continue;
+            const QRect ink = inkOf(*widget);
+            const double unit = factor * widget->devicePixelRatio();
+            const double left = ink.left() / unit,
+                         right = widget->width() / factor - (ink.right() + 1) / unit;
+            SCOPED_TRACE(widget->text().toStdString());
+            EXPECT_TRUE(!ink.isEmpty() && left >= 1 && right >= 0.5) << left << ", " << right;
+            EXPECT_TRUE(ink.top() >= 0 && ink.bottom() < widget->height() * widget->devicePixelRatio());
+            if (qobject_cast<QPushButton*>(widget)) {
+                EXPECT_NEAR(left, right, 2);
+            }
+        }
+    };
+    window().setWindowState(Qt::WindowNoState);
+    for (const double factor : {1.0, 1.5, 1.9, 2.0, 3.0, 4.0}) {
+        window().resize((QSizeF(760, 540) * factor).toSize() + QSize(0, window().menuBar()->height()));
+        ASSERT_NEAR(PageScale::factorOf(*page().Label1), factor, 0.01);
+        SCOPED_TRACE(factor);
+        enter("97", "-0.7", "1");
+        expectInside(window().findChildren<CaptionLabel*>(), factor);
+        expectInside(window().findChildren<CaptionCheckBox*>(), factor);
+        expectInside(window().findChildren<CaptionButton*>(), factor);
+    }
+}
+
 TEST_F(LookTest, CaptionsAreWholeAndBlackInEveryTheme) {
     EXPECT_FALSE(CaptionLayout("Print how many squares?", page().Label1->font(), {60, 17}, false).fits());
     const auto expectWhole = [](const auto& widgets, int least) {
         EXPECT_GE(widgets.size(), least);
-        for (auto* widget : widgets) {
-            const QString text = widget->text();
-            EXPECT_TRUE(widget->captionLayout().fits()) << text.toStdString();
-            const QImage whole = widget->grab().toImage();
-            widget->setText("");
-            EXPECT_TRUE(text.isEmpty() || widget->grab().toImage() != whole) << "not drawn";
-            widget->setText(text);
-        }
+        for (auto* widget : widgets)
+            EXPECT_TRUE(widget->captionLayout().fits()) << widget->text().toStdString();
     };
     for (const QPalette& theme : {QPalette(QColor(35, 35, 38)), QApplication::palette()}) {
         QApplication::setPalette(theme);
