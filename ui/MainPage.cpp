@@ -1,7 +1,5 @@
 #include "ui/MainPage.h"
 
-#include <QEvent>
-
 #include "engine/BoardGeometry.h"
 #include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
@@ -17,8 +15,6 @@ MainPage::MainPage(ProgramState& state, QWidget* parent) : QWidget(parent), m_st
     connect(m_controls.Text2, &EntryBox::keyReleased, this, &MainPage::Text2_KeyUp);
     connect(m_controls.text4, &EntryBox::keyReleased, this, &MainPage::text4_KeyUp);
     connect(m_controls.Text5, &EntryBox::keyReleased, this, &MainPage::Text5_KeyUp);
-    m_controls.Command1->installEventFilter(this);
-    m_controls.Command4->installEventFilter(this);
 }
 
 void MainPage::stepSize(int keyCode) {
@@ -72,6 +68,8 @@ void MainPage::fitboard() {
     m_controls.Command4->setEnabled(practicable);
     m_controls.Label19->setVisible(!practicable);
     m_controls.Command1->setEnabled(playable && m_state.squareSize <= maxBatchOrder);
+    for (QWidget* button : {m_controls.Command1, m_controls.Command4})
+        button->setToolTip(whyDisabled(button));
 }
 
 void MainPage::focusPractice() {
@@ -97,13 +95,6 @@ QString MainPage::whyDisabled(const QWidget* button) const {
         return "The numbers are too large.";
     return button == m_controls.Command4 ? QString("The board is larger than the page.")
                                          : QString("Only up to %1 by %1.").arg(maxBatchOrder);
-}
-
-bool MainPage::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::ToolTip)
-        if (auto* button = qobject_cast<QWidget*>(watched))
-            button->setToolTip(whyDisabled(button));
-    return QWidget::eventFilter(watched, event);
 }
 
 } // namespace quarvelle

@@ -35,10 +35,6 @@ public:
 signals:
     void sizeAccepted(int n);
 
-protected:
-    /// Says of a button that can't be pressed why, when a person asks with the mouse.
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void stepSize(int keyCode);
     void showcounts(int n);
