@@ -44,7 +44,7 @@ QRectF DrawingSurface::shown(const QRect& pixels) const {
 /// A change after a pause is painted at the next turn. A batch changes the drawing far more often than a
 /// screen shows it, and to paint it takes longer than to make it: no paint begins sooner after the last one.
 void DrawingSurface::repaintSoon() {
-    constexpr qint64 milliseconds = 16;
+    constexpr qint64 milliseconds = 33;
     if (m_repaint.isActive())
         return;
     const bool pause = !m_sincePaint.isValid() || m_sincePaint.hasExpired(milliseconds);
