@@ -6,8 +6,17 @@ namespace {
 
 /// The only order with five-cell shapes: one of each family around each cell.
 constexpr int shapeOrder = 5;
-constexpr int shapeFamilies = (lineKindCount - wholeLineKinds) / kindsPerFamily;
-static_assert(shapeOrder * (wholeLineKinds + shapeFamilies * shapeOrder) <= wholeLineKinds * maxOrder);
+constexpr int familyCount = shapeFamilies.size();
+static_assert(shapeOrder * (wholeLineKinds + familyCount * shapeOrder) <= wholeLineKinds * maxOrder);
+
+/// The offset from the anchor of the centre of a five-cell kind: the mean of the five cells, the anchor's own
+/// offset being zero.
+Step shapeCentre(int kind) {
+    Cell sum;
+    for (const Step offset : shapeOffsets(kind))
+        sum = sum + offset;
+    return {sum.row / 5, sum.column / 5};
+}
 
 /// Which of the n lines of a whole-line kind, 1 to n, holds the cell: what its step leaves the same.
 int wholeLineIndex(int kind, Cell cell, int n) {
@@ -26,7 +35,7 @@ int wholeLineIndex(int kind, Cell cell, int n) {
 } // namespace
 
 LineLedger::LineLedger(int n) : m_order(n), m_kinds(n == shapeOrder ? lineKindCount : wholeLineKinds) {
-    const int shapes = n == shapeOrder ? shapeFamilies * n * n : 0;
+    const int shapes = n == shapeOrder ? familyCount * n * n : 0;
     m_lines.resize(static_cast<std::size_t>(wholeLineKinds * n + shapes));
 }
 

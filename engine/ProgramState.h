@@ -126,7 +126,6 @@ struct ProgramState {
     std::array<int, lineKindCount + 1> lineUsable{};
     std::array<int, lineKindCount + 1> lineBlankCount{};
     std::array<int, lineKindCount + 1> lineRejected{};
-    int blanksOnShape = 0;
     int bestBlankCount = 0;
     int attemptCount = 0;
     int lineKind = 0;

@@ -83,7 +83,6 @@ void Selection::rateLine(int kind) {
 void Selection::rateLines() {
     m_state.lineUsable.fill(0);
     m_state.lineBlankCount.fill(0);
-    m_state.blanksOnShape = 0;
     m_state.bestBlankCount = 0;
     if (isBlank(candidateCell()))
         return;
