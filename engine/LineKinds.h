@@ -12,6 +12,9 @@ inline constexpr int wholeLineKinds = 4;
 /// The five-cell kinds come in families of this many: one shape, anchored at each of its cells.
 inline constexpr int kindsPerFamily = 5;
 
+/// The only order with five-cell kinds.
+inline constexpr int shapeOrder = 5;
+
 /// The offsets from the anchor of the four other cells of a five-cell kind, in walking order.
 using Shape = std::array<Step, 4>;
 using Family = std::array<Shape, kindsPerFamily>;
