@@ -143,6 +143,23 @@ void measure(const Task& task) {
     std::fflush(stdout);
 }
 
+/// What decimals add to a construction, the best of many.
+void measureDecimals() {
+    for (const double distance : {1.0, 0.1}) {
+        const auto state = stateFor({29, {"main", 0, PropertyMode::none}, Difficulty::challenging, 100});
+        state->distance = distance;
+        double best = never;
+        for (int repeat = 0; repeat < 2000; ++repeat) {
+            SeededRandom random(1);
+            CountingEvents events;
+            const auto start = Clock::now();
+            buildCompleteSquare(*state, random, events);
+            best = std::min(best, secondsSince(start));
+        }
+        std::printf("29,distance %g,,,%.3g,,,,\n", distance, best);
+    }
+}
+
 } // namespace
 } // namespace quarvelle
 
@@ -155,6 +172,7 @@ int main() {
     };
     std::puts("order,options,difficulty,blanks,seconds_per_square,seconds_per_selection,"
               "literal_seconds_per_selection,attempts,longest_stretch_seconds");
+    measureDecimals();
     for (const int order : {5, 7, 11, 13, 17, 19, 23, 29, 53, 97, 101})
         for (const Options& options : lineOptions)
             for (const int difficulty : {Difficulty::easy, Difficulty::challenging})

@@ -14,10 +14,12 @@ struct ProgramState;
 /// one before each cell of it.
 ///
 /// Two axes run through the cell of relative value 1 in two knight steps; the cell b steps along the first
-/// and a steps along the second gets the sum of their values. Both summands are Latin squares under
-/// wrap-around in which every row, column and broken diagonal meets each value once, because no knight step,
-/// nor its sum or difference with another, is a multiple of a line's own step modulo a prime of at least 5;
-/// so all these lines have the same sum.
+/// and a steps along the second gets the sum of their values minus 1. Modulo a prime of at least 5 no knight
+/// step is a multiple of the step of a row, a column or a diagonal. So along each of these lines, broken ones
+/// too, either summand takes each of its values once: both are pandiagonal Latin squares, and every line has
+/// the same sum. The two steps are independent modulo n, so the two Latin squares are orthogonal and every
+/// number comes once. Modulo 5 the steps of codes 1 and 4, and those of 2 and 3, are multiples of each other,
+/// which is why order 5 draws from the codes 1 and 2 alone.
 void buildCompleteSquare(ProgramState& state, RandomSource& random, EventQueue& events);
 
 } // namespace quarvelle

@@ -1,5 +1,8 @@
 #include "engine/DeductionCheck.h"
 
+#include <algorithm>
+#include <array>
+#include <memory_resource>
 #include <vector>
 
 #include "engine/LineKinds.h"
@@ -7,36 +10,28 @@
 
 namespace quarvelle {
 
-namespace {
-
-/// A blank and the kind of the line that it is found through.
-struct Deduction {
-    Cell cell;
-    int kind;
-};
-
-} // namespace
-
 void makeblanks(ProgramState& state) {
+    // The candidate and every blank it needs, each once. The buffer has room for the cells of order 5, the
+    // one that asks thousands of times; other orders go on in free memory.
+    constexpr std::size_t usualCells = 25;
+    std::array<std::byte, usualCells * sizeof(Cell)> buffer;
+    std::pmr::monotonic_buffer_resource memory(buffer.data(), buffer.size());
+    std::pmr::vector<Cell> needed(&memory);
+    needed.reserve(usualCells);
     const Cell candidate{state.anchorRow, state.anchorCol};
-    // The candidate and every blank it needs, each once, so the list is at most as long as the square has
-    // cells.
-    std::vector<Deduction> needed{{candidate, state.lineKind}};
-    CellSet reached;
+    needed.push_back(candidate);
     state.blankAccepted = 1;
     for (std::size_t i = 0; i < needed.size() && state.blankAccepted == 1; ++i) {
-        const auto [blank, kind] = needed[i];
-        const auto visit = [&, i](Cell cell) {
+        const Cell blank = needed[i];
+        const int kind = i == 0 ? state.lineKind : markerKind(cellAt(state.puzzle, blank));
+        state.blankAccepted = walkLine(kind, blank, state.squareSize, [&](Cell cell) {
             if (cell == candidate)
                 return i == 0;
-            const double value = cellAt(state.puzzle, cell);
-            if (isBlank(value) && !reached.contains(cell)) {
-                reached.insert(cell);
-                needed.push_back({cell, markerKind(value)});
-            }
+            if (isBlank(cellAt(state.puzzle, cell)) &&
+                std::find(needed.begin(), needed.end(), cell) == needed.end())
+                needed.push_back(cell);
             return true;
-        };
-        state.blankAccepted = walkLine(kind, blank, state.squareSize, visit);
+        });
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 
 #include "engine/Cells.h"
 
@@ -11,19 +12,65 @@ inline constexpr int wholeLineKinds = 4;
 /// The five-cell kinds come in families of this many: one shape, anchored at each of its cells.
 inline constexpr int kindsPerFamily = 5;
 
-/// The fixed step of a whole-line kind 1 to 4 (column, row, broken anti-diagonal, broken diagonal).
-Step wholeLineStep(int kind);
+/// The only order with five-cell kinds.
+inline constexpr int shapeOrder = 5;
 
-/// The offsets from the anchor of the four other cells of a five-cell kind 5 to 24, in walking order. Kinds
-/// come in fives: cross-diagonal, scattered cross-diagonal, cross-line, scattered cross-line; a scattered
-/// shape is its plain one at twice the size.
-const std::array<Step, 4>& shapeOffsets(int kind);
+/// The offsets from the anchor of the four other cells of a five-cell kind, in walking order.
+using Shape = std::array<Step, 4>;
+using Family = std::array<Shape, kindsPerFamily>;
 
-/// The offset from the anchor of the centre of a five-cell kind.
-Step shapeCentre(int kind);
+/// The steps of the whole-line kinds: column, row, broken anti-diagonal, broken diagonal.
+inline constexpr std::array<Step, wholeLineKinds> wholeLineSteps{{{1, 0}, {0, 1}, {1, -1}, {1, 1}}};
+
+// In each family the anchor is the centre first, then each of the four arms.
+inline constexpr Family crossDiagonal{{
+    {{{-1, -1}, {1, -1}, {1, 1}, {-1, 1}}},
+    {{{2, 0}, {2, 2}, {0, 2}, {1, 1}}},
+    {{{-2, 0}, {-2, 2}, {0, 2}, {-1, 1}}},
+    {{{0, -2}, {2, -2}, {2, 0}, {1, -1}}},
+    {{{0, -2}, {-2, -2}, {-2, 0}, {-1, -1}}},
+}};
+inline constexpr Family crossLine{{
+    {{{-1, 0}, {0, -1}, {1, 0}, {0, 1}}},
+    {{{0, 1}, {0, 2}, {-1, 1}, {1, 1}}},
+    {{{1, 0}, {2, 0}, {1, -1}, {1, 1}}},
+    {{{-1, 0}, {-2, 0}, {-1, -1}, {-1, 1}}},
+    {{{0, -1}, {0, -2}, {-1, -1}, {1, -1}}},
+}};
+
+/// The same shape at twice the size.
+constexpr Family scattered(Family family) {
+    for (Shape& shape : family)
+        for (Step& offset : shape)
+            offset = {2 * offset.row, 2 * offset.column};
+    return family;
+}
+
+/// Kinds 5 to 24.
+inline constexpr std::array<Family, 4> shapeFamilies{crossDiagonal, scattered(crossDiagonal), crossLine,
+                                                     scattered(crossLine)};
+
+inline constexpr std::array blankMarkers{1e200, 1e201, 1e202, 1e203, 1e204, 1e205, 1e206, 1e207,
+                                         1e208, 1e209, 1e210, 1e211, 1e212, 1e213, 1e214, 1e215,
+                                         1e216, 1e217, 1e218, 1e219, 1e220, 1e221, 1e222, 1e223};
+static_assert(blankMarkers.front() == emptyMarker && blankMarkers.size() == lineKindCount &&
+              wholeLineKinds + shapeFamilies.size() * kindsPerFamily == lineKindCount);
+
+/// The fixed step of a whole-line kind 1 to 4.
+constexpr Step wholeLineStep(int kind) {
+    return wholeLineSteps[static_cast<std::size_t>(kind - 1)];
+}
+
+/// The shape of a five-cell kind 5 to 24.
+constexpr const Shape& shapeOffsets(int kind) {
+    const auto index = static_cast<std::size_t>(kind - wholeLineKinds - 1);
+    return shapeFamilies[index / kindsPerFamily][index % kindsPerFamily];
+}
 
 /// The marker of a blank that is deduced through `kind` (1 to 24): 1e200 to 1e223.
-double blankMarker(int kind);
+constexpr double blankMarker(int kind) {
+    return blankMarkers[static_cast<std::size_t>(kind - 1)];
+}
 
 /// The kind whose marker `value` is; 0 for any other value.
 int markerKind(double value);

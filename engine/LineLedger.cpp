@@ -4,10 +4,22 @@ namespace quarvelle {
 
 namespace {
 
-/// The only order with five-cell shapes: one of each family around each cell.
-constexpr int shapeOrder = 5;
-constexpr int shapeFamilies = (lineKindCount - wholeLineKinds) / kindsPerFamily;
-static_assert(shapeOrder * (wholeLineKinds + shapeFamilies * shapeOrder) <= wholeLineKinds * maxOrder);
+/// One shape of each family around each cell.
+constexpr int familyCount = shapeFamilies.size();
+static_assert(shapeOrder * (wholeLineKinds + familyCount * shapeOrder) <= wholeLineKinds * maxOrder);
+
+/// For each five-cell kind the offset of the centre from the anchor: the mean of the five cells, the anchor's
+/// own offset being zero.
+constexpr auto shapeCentres = [] {
+    std::array<Step, lineKindCount + 1> centres{};
+    for (int kind = wholeLineKinds + 1; kind <= lineKindCount; ++kind) {
+        Step& centre = centres[static_cast<std::size_t>(kind)];
+        for (const Step offset : shapeOffsets(kind))
+            centre = {centre.row + offset.row, centre.column + offset.column};
+        centre = {centre.row / 5, centre.column / 5};
+    }
+    return centres;
+}();
 
 /// Which of the n lines of a whole-line kind, 1 to n, holds the cell: what its step leaves the same.
 int wholeLineIndex(int kind, Cell cell, int n) {
@@ -26,7 +38,7 @@ int wholeLineIndex(int kind, Cell cell, int n) {
 } // namespace
 
 LineLedger::LineLedger(int n) : m_order(n), m_kinds(n == shapeOrder ? lineKindCount : wholeLineKinds) {
-    const int shapes = n == shapeOrder ? shapeFamilies * n * n : 0;
+    const int shapes = n == shapeOrder ? familyCount * n * n : 0;
     m_lines.resize(static_cast<std::size_t>(wholeLineKinds * n + shapes));
 }
 
@@ -37,33 +49,36 @@ std::size_t LineLedger::numberOf(int kind, Cell cell) const {
     if (kind <= wholeLineKinds)
         return static_cast<std::size_t>((kind - 1) * n + wholeLineIndex(kind, cell, n) - 1);
     const int family = (kind - wholeLineKinds - 1) / kindsPerFamily;
-    const auto [row, column] = wrapped(cell + shapeCentre(kind), n);
+    const auto [row, column] = wrapped(cell + shapeCentres[static_cast<std::size_t>(kind)], n);
     return static_cast<std::size_t>((wholeLineKinds + family * n + row - 1) * n + column - 1);
 }
 
-bool LineLedger::accepts(int kind, Cell cell) const {
-    // Every line through the cell would need the new blank; if the new blank's own line needs one of them,
-    // the two would wait for each other.
-    const LineSet& needs = line(kind, cell).needs;
-    for (int other = 1; other <= m_kinds; ++other)
-        if (needs[numberOf(other, cell)])
-            return false;
-    return true;
+LineLedger::LineSet LineLedger::linesThrough(Cell cell) const {
+    LineSet lines;
+    for (int kind = 1; kind <= m_kinds; ++kind)
+        lines.set(numberOf(kind, cell));
+    return lines;
+}
+
+bool LineLedger::acceptsOneOf(int first, int last, Cell cell) const {
+    // Every line through the cell would need the new blank; where the line that gives it needs one of them
+    // already, the cycle would close.
+    const LineSet through = linesThrough(cell);
+    for (int kind = first; kind <= last; ++kind)
+        if ((line(kind, cell).needs & through).none())
+            return true;
+    return false;
 }
 
 void LineLedger::place(int kind, Cell cell) {
-    LineSet through;
-    for (int other = 1; other <= m_kinds; ++other) {
-        const std::size_t number = numberOf(other, cell);
-        through.set(number);
-        ++m_lines[number].blanks;
-    }
+    const LineSet through = linesThrough(cell);
     const std::size_t giving = numberOf(kind, cell);
     m_lines[giving].givesBlank = true;
     LineSet gained = m_lines[giving].needs;
     gained.set(giving);
     for (std::size_t number = 0; number < m_lines.size(); ++number) {
         Line& affected = m_lines[number];
+        affected.blanks += through[number];
         if (through[number] || (affected.needs & through).any())
             affected.needs |= gained;
     }

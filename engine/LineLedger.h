@@ -12,7 +12,10 @@ namespace quarvelle {
 /// lines.
 ///
 /// A line gives at most one blank: two on it that are both found through it would each need the other. So a
-/// line's number stands for the blank it gives, and what waits for what is a relation between lines.
+/// line's number stands for the blank it gives, and the dependency of blanks is a relation between lines: a
+/// line needs those that give the other blanks on it. The ledger keeps the transitive closure of it; the
+/// blanks can be found one at a time as long as it has no cycle, and a new blank can only close a cycle
+/// through itself.
 class LineLedger {
 public:
     /// For a puzzle of order `n`, at most 103, without blanks.
@@ -25,8 +28,11 @@ public:
     bool givesBlank(int kind, Cell cell) const { return line(kind, cell).givesBlank; }
 
     /// Whether `cell`, which is not blank, may become a blank that is found through its line of `kind`, so
-    /// that the blanks can still be found one at a time. The answer of `makeblanks`.
-    bool accepts(int kind, Cell cell) const;
+    /// that the blanks can still be found one at a time: whether no cycle closes. The answer of `makeblanks`.
+    bool accepts(int kind, Cell cell) const { return acceptsOneOf(kind, kind, cell); }
+
+    /// Whether it may become one that is found through its line of one of the kinds `first` to `last`.
+    bool acceptsOneOf(int first, int last, Cell cell) const;
 
     /// Takes down the blank at `cell`, which must have been accepted for `kind`.
     void place(int kind, Cell cell);
@@ -38,10 +44,11 @@ private:
     struct Line {
         int blanks = 0;          ///< cells on it that are blank
         bool givesBlank = false; ///< one of them is to be found through it
-        LineSet needs;           ///< the lines that give a blank on it, and all that those need in turn
+        LineSet needs;           ///< its row of the closure: what gives a blank on it, and all that needs
     };
 
     std::size_t numberOf(int kind, Cell cell) const;
+    LineSet linesThrough(Cell cell) const;
     const Line& line(int kind, Cell cell) const { return m_lines[numberOf(kind, cell)]; }
 
     int m_order;

@@ -56,6 +56,10 @@ inline constexpr int properties = 3;
 /// Everything that the program's parts share. The window owns the one record and lends it by reference; the
 /// engine's procedures take their operands from it and leave their results in it. A fresh record holds the
 /// start-up values.
+///
+/// A value has a field here if a handler reads it, if two procedures exchange it through the record, or if it
+/// is a named result that others may ask for after a procedure. Whatever only one procedure counts with is a
+/// local of that procedure.
 struct ProgramState {
     // Settings.
     std::int16_t squareSize = 5; ///< n, a prime of at least 5
@@ -75,10 +79,9 @@ struct ProgramState {
 
     // The settings' readouts and the size box.
     std::string magicTotalText;
-    double sizeEntry = 0;        ///< the number in the size box, the candidate while arrow keys step it
-    int testDivisor = 0;         ///< the divisor that the prime test tries
-    double factorialSquare = 0;  ///< ((n - 1)!) squared
-    double factorialCounter = 0; ///< the factor that comes next in it
+    double sizeEntry = 0;       ///< the number in the size box, the candidate while arrow keys step it
+    int testDivisor = 0;        ///< the divisor that the prime test tries
+    double factorialSquare = 0; ///< ((n - 1)!) squared
 
     // The square.
     Grid square{};                          ///< the complete square
@@ -126,7 +129,6 @@ struct ProgramState {
     std::array<int, lineKindCount + 1> lineUsable{};
     std::array<int, lineKindCount + 1> lineBlankCount{};
     std::array<int, lineKindCount + 1> lineRejected{};
-    int blanksOnShape = 0;
     int bestBlankCount = 0;
     int attemptCount = 0;
     int lineKind = 0;

@@ -21,23 +21,23 @@ bool fits(const ProgramState& state, const PropertyFamily& family, int kind) {
     });
 }
 
-/// Walks the placement of `kind` through the candidate and counts its blanks in `blanksOnShape`. Returns
-/// false as soon as a cell holds the kind's own marker.
-bool countBlanks(ProgramState& state, int kind) {
-    return walkLine(kind, {state.anchorRow, state.anchorCol}, state.squareSize, [&](Cell cell) {
+/// How many blanks lie on the placement of `kind` through the candidate; -1 where it doesn't fit or a cell
+/// holds the kind's own marker.
+int blanksOn(const ProgramState& state, const PropertyFamily& family, int kind) {
+    if (!fits(state, family, kind))
+        return -1;
+    int blanks = 0;
+    const bool isFree = walkLine(kind, {state.anchorRow, state.anchorCol}, state.squareSize, [&](Cell cell) {
         const double value = cellAt(state.puzzle, cell);
-        if (value == blankMarker(kind))
-            return false;
-        state.blanksOnShape += isBlank(value);
-        return true;
+        blanks += isBlank(value);
+        return value != blankMarker(kind);
     });
+    return isFree ? blanks : -1;
 }
 
 void place(ProgramState& state, const PropertyFamily& family) {
     for (int kind = family.firstKind; kind < family.firstKind + kindsPerFamily; ++kind) {
-        const bool free = fits(state, family, kind) && countBlanks(state, kind);
-        state.blanksOnShape = 0;
-        if (!free)
+        if (blanksOn(state, family, kind) < 0)
             continue;
         state.lineKind = kind;
         makeblanks(state);
@@ -52,20 +52,13 @@ void place(ProgramState& state, const PropertyFamily& family) {
 void rate(ProgramState& state, const PropertyFamily& family) {
     for (int kind = family.firstKind; kind < family.firstKind + kindsPerFamily; ++kind) {
         const auto k = static_cast<std::size_t>(kind);
-        if (fits(state, family, kind)) {
-            if (countBlanks(state, kind)) {
-                state.lineKind = kind;
-                state.blankAccepted = 1;
-                state.lineUsable[k] = 1;
-            }
-            if (state.blanksOnShape >= state.bestBlankCount && state.lineUsable[k] == 1) {
-                state.bestBlankCount = state.blanksOnShape;
-                state.lineBlankCount[k] = state.bestBlankCount;
-            }
-        }
+        const int blanks = blanksOn(state, family, kind);
+        if (blanks >= 0)
+            state.lineUsable[k] = 1;
         if (state.lineUsable[k] != 1)
             state.lineRejected[k] = 1;
-        state.blanksOnShape = 0;
+        else if (blanks >= state.bestBlankCount)
+            state.lineBlankCount[k] = state.bestBlankCount = blanks;
     }
 }
 

@@ -18,7 +18,7 @@ void d1scline2(ProgramState& state);
 
 /// The rating family. For each of the same placements through a candidate that is not blank it sets
 /// `lineUsable` or `lineRejected`, and `lineBlankCount` and `bestBlankCount` when the blanks on the placement
-/// are at least the best count so far. Clears none of them; `blanksOnShape` is 0 before and after.
+/// are at least the best count so far. Clears none of them.
 void d2scross(ProgramState& state);
 void d2scross2(ProgramState& state);
 void d2scline(ProgramState& state);

@@ -18,9 +18,8 @@ SquareCount squareCount(ProgramState& state, int n) {
                 "Therefore, there are exactly 28800 \"Complete\" Magic Squares of (5 by 5)."};
 
     double& f = state.factorialSquare;
-    double& k = state.factorialCounter;
     f = n - 1;
-    for (k = n - 2; k >= 2; --k)
+    for (double k = n - 2; k >= 2; --k)
         f *= k;
     f *= f;
     const double width = n;

@@ -29,13 +29,13 @@ void findline1(ProgramState& state);
 /// whole line was visited.
 template <class Visit>
 bool walkLine(int kind, Cell anchor, int n, Visit visit) {
+    const int cells = kind <= wholeLineKinds ? n : kindsPerFamily;
     Cell cursor = anchor;
-    int stepIndex = 0;
-    do {
+    for (int stepIndex = 0; stepIndex < cells; ++stepIndex) {
         if (!visit(cursor))
             return false;
-        cursor = wrapped(stepped(kind, anchor, cursor, stepIndex++), n);
-    } while (cursor != anchor);
+        cursor = wrapped(stepped(kind, anchor, cursor, stepIndex), n);
+    }
     return true;
 }
 

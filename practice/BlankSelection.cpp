@@ -1,6 +1,7 @@
 #include "practice/BlankSelection.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "engine/EventQueue.h"
 #include "engine/LineLedger.h"
@@ -83,7 +84,6 @@ void Selection::rateLine(int kind) {
 void Selection::rateLines() {
     m_state.lineUsable.fill(0);
     m_state.lineBlankCount.fill(0);
-    m_state.blanksOnShape = 0;
     m_state.bestBlankCount = 0;
     if (isBlank(candidateCell()))
         return;
@@ -174,8 +174,10 @@ bool Selection::placeThroughLine(int kind) {
 /// The last property that finds a placement has the candidate, so the ledger hears of it only then.
 bool Selection::placeThroughShape() {
     m_state.blankPlaced = 0;
+    // The ledger's answer is that of the procedures' own check, sooner.
     for (const PropertyFamily& family : propertyFamilies)
-        if (m_state.*family.mode != PropertyMode::none)
+        if (m_state.*family.mode != PropertyMode::none &&
+            m_ledger.acceptsOneOf(family.firstKind, family.firstKind + kindsPerFamily - 1, candidate()))
             family.place(m_state);
     if (m_state.blankPlaced == 1)
         m_ledger.place(markerKind(candidateCell()), candidate());
@@ -216,6 +218,9 @@ bool Selection::scanAllCells() {
 } // namespace
 
 void selectBlanks(ProgramState& state, RandomSource& random, EventQueue& events) {
+    assert(state.squareSize == shapeOrder || std::ranges::all_of(propertyFamilies, [&](const auto& family) {
+               return state.*family.mode == PropertyMode::none;
+           }));
     Selection selection(state, random);
     std::fill_n(state.lineRejected.begin() + 1, wholeLineKinds, 0);
     state.placeIndex = 0;

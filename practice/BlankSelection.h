@@ -14,7 +14,10 @@ struct ProgramState;
 /// Yields once per random attempt; returns early when `stopRequested` is -1 after a yield. At most n*n
 /// attempts go by between two systematic scans, and a scan places a blank or ends the selection, so the loop
 /// is bounded. A scan has no turn of its own: four questions a cell, each of four looks, make a fraction of a
-/// millisecond at any order. With every line option off nothing is blanked.
+/// millisecond at any order. With every line option off nothing is blanked, there is no root and
+/// `placeIndex` ends as 0.
+///
+/// The four property modes must be 0 unless the order is 5, the only one whose shapes have the line's sum.
 void selectBlanks(ProgramState& state, RandomSource& random, EventQueue& events);
 
 } // namespace quarvelle

@@ -19,7 +19,8 @@ void readCounts(ProgramState& state, const MainPage& page);
 
 /// Draws a `startNumber` from `baseStart` on, as many as keep the last number below 10 to the power
 /// `maxDigits`; where the box asks for fewer starting numbers than there are, among that many. One draw, or
-/// two. Keeps `baseStart` where the numbers drawn could be taken for blanks.
+/// two. Where hardly any but `baseStart` does, a number below it may be drawn: 74 where order 5 begins with
+/// 75 in steps of 1. Keeps `baseStart` where the numbers drawn could be taken for blanks.
 void drawStartNumber(ProgramState& state, const MainPage& page, RandomSource& random);
 
 } // namespace quarvelle

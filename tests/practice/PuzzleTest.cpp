@@ -4,6 +4,7 @@
 
 #include "engine/Construction.h"
 #include "engine/MagicArithmetic.h"
+#include "engine/Numbers.h"
 #include "engine/Stepping.h"
 #include "practice/BlankSelection.h"
 #include "tests/support/Literal.h"
@@ -168,14 +169,54 @@ TEST(Puzzle, FollowsItsDrawsAndStopsAtAnyTurn) {
     }
 }
 
-TEST(LineKinds, HaveAProbeThatExchangesStepsOnSomeArms) {
+TEST(LineKinds, AreSteppedThroughByTheirTable) {
+    // Kinds 5 to 9 and 15 to 19; five kinds further on they are twice as large.
+    const int shapes[][5][2] = {
+        {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}},   {{2, 0}, {2, 2}, {0, 2}, {1, 1}},
+        {{-2, 0}, {-2, 2}, {0, 2}, {-1, 1}},    {{0, -2}, {2, -2}, {2, 0}, {1, -1}},
+        {{0, -2}, {-2, -2}, {-2, 0}, {-1, -1}}, {{-1, 0}, {0, -1}, {1, 0}, {0, 1}},
+        {{0, 1}, {0, 2}, {-1, 1}, {1, 1}},      {{1, 0}, {2, 0}, {1, -1}, {1, 1}},
+        {{-1, 0}, {-2, 0}, {-1, -1}, {-1, 1}},  {{0, -1}, {0, -2}, {-1, -1}, {1, -1}}};
+    const Cell wholeLines[] = {{1, 0}, {0, 1}, {1, -1}, {1, 1}};
+    for (int kind = 1; kind <= lineKindCount; ++kind)
+        for (int step = -1; step <= 6; ++step) {
+            const auto s = stateOf(5, 1, 1);
+            s->lineKind = s->probeKind = kind;
+            s->stepIndex = step;
+            s->anchorRow = s->anchorCol = s->probeAnchorRow = s->probeAnchorCol = 10;
+            s->curRow = s->curCol = s->probeRow = s->probeCol = 20;
+            findline2(*s);
+            findline1(*s);
+            // The probe takes the steps 0 and 2 of three arms of a cross-diagonal in the other order.
+            const bool exchanges = kind < 15 && (kind - 5) % 5 > 1 && step % 2 == 0;
+            const auto expected = [&](int at) {
+                if (kind < 5 || at < 0 || at > 4)
+                    return Cell{20, 20};
+                const int* offset = shapes[(kind - 5) / 10 * 5 + (kind - 5) % 5][at];
+                const int size = 1 + (kind - 5) / 5 % 2;
+                return Cell{10 + size * offset[0], 10 + size * offset[1]};
+            };
+            const Cell main = kind < 5
+                                  ? Cell{20, 20} + Step{wholeLines[kind - 1].row, wholeLines[kind - 1].column}
+                                  : expected(step);
+            EXPECT_TRUE((Cell{s->curRow, s->curCol} == main)) << kind << ' ' << step;
+            const Cell probe = expected(exchanges && step >= 0 && step <= 2 ? 2 - step : step);
+            EXPECT_TRUE((Cell{s->probeRow, s->probeCol} == probe)) << kind << ' ' << step;
+        }
+}
+
+TEST(LineKinds, HaveOneCellEachThatOnlyTheyFit) {
+    // "Only Main" on an empty puzzle: what the centre and four cells at the edge become.
+    const Cell corners[] = {{3, 3}, {1, 1}, {5, 1}, {1, 5}, {5, 5}};
+    const Cell middles[] = {{3, 3}, {3, 1}, {1, 3}, {5, 3}, {3, 5}};
     for (int kind = 5; kind <= lineKindCount; ++kind) {
-        ProgramState s;
-        s.probeKind = kind;
-        findline1(s);
-        // Not on the first arm of a cross-diagonal, and nowhere on a cross-line.
-        const Step step = shapeOffsets(kind)[kind < 15 && kind % 5 > 1 ? 2 : 0];
-        EXPECT_TRUE((Cell{s.probeRow, s.probeCol} == Cell{step.row, step.column})) << kind;
+        const auto s = stateOf(5, 1, 1, Difficulty::challenging, {1, 1, 1, 1});
+        const Cell cell = (kind < 15 ? corners : middles)[kind % 5];
+        s->anchorRow = cell.row;
+        s->anchorCol = cell.column;
+        propertyFamilies[(kind - 5) / 5].place(*s);
+        EXPECT_EQ(cellAt(s->puzzle, cell), leadingNumber("1e" + std::to_string(199 + kind)));
+        EXPECT_EQ(s->blankPlaced, 1);
     }
 }
 
