@@ -4,11 +4,11 @@ namespace quarvelle {
 
 /// How the squares of a batch are shared out among sheets of paper. A bundle is what is made in one go: the
 /// squares that share a sheet and the sheet of their answers, or all the pieces of one square and theirs.
-/// Bundles, squares and sheets count from 1; sheets no further than an `int` does.
+/// Bundles, squares and sheets count from 1.
 class SheetPlan {
 public:
     /// Spreads the squares over as few bundles of at most `fitting` as they need, so evenly that two bundles
-    /// differ by one square at most. All numbers are positive.
+    /// differ by one square at most. All numbers are positive, and so few that an `int` counts the sheets.
     SheetPlan(int squares, int fitting, int sheetsOfBundle);
 
     int sheets() const { return sheetsOf(m_bundles); }
@@ -21,7 +21,7 @@ public:
     int bundleOf(int sheet) const { return (sheet - 1) / m_sheetsOfBundle + 1; }
 
 private:
-    int sheetsOf(int bundles) const;
+    int sheetsOf(int bundles) const { return bundles * m_sheetsOfBundle; }
 
     int m_bundles;
     int m_fewest; ///< squares of a bundle that is not one of the fuller ones

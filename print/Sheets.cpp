@@ -31,8 +31,11 @@ int viewsOf(const ProgramState& state) {
 } // namespace
 
 SheetPlan Sheets::planFor(const ProgramState& state) {
-    const auto squares = static_cast<int>(std::min<double>(std::ceil(state.printCount), largestInt));
-    return {squares, SheetLayout::squaresThatFit(state), piecesOf(state) * viewsOf(state)};
+    const int sheetsOfBundle = piecesOf(state) * viewsOf(state);
+    // So many that their sheets can be counted, even if each square has its own.
+    const int mostSquares = largestInt / sheetsOfBundle;
+    const auto squares = static_cast<int>(std::min<double>(std::ceil(state.printCount), mostSquares));
+    return {squares, SheetLayout::squaresThatFit(state), sheetsOfBundle};
 }
 
 Sheets::Sheets(MainWindow& window, const SheetPlan& plan, const PrintOrder& order, EventQueue& events)

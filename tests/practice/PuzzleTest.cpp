@@ -211,7 +211,7 @@ TEST(LineKinds, HaveOneCellEachThatOnlyTheyFit) {
     const Cell middles[] = {{3, 3}, {3, 1}, {1, 3}, {5, 3}, {3, 5}};
     for (int kind = 5; kind <= lineKindCount; ++kind) {
         const auto s = stateOf(5, 1, 1, Difficulty::challenging, {1, 1, 1, 1});
-        const Cell cell = (kind < 15 ? corners : middles)[kind % 5];
+        const Cell cell = kind < 15 ? corners[kind % 5] : middles[kind % 5];
         s->anchorRow = cell.row;
         s->anchorCol = cell.column;
         propertyFamilies[(kind - 5) / 5].place(*s);
