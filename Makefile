@@ -41,8 +41,12 @@ bench: ## Measure the engine against a literal one, as comma-separated values
 	@cmake --build --preset bench >&2
 	@build/bench/bench/quarvelle_bench
 
-print-check: ## Print batches on a print queue of its own and check every sheet
-	@packaging/print-check
+print-check: ## Print batches on a print queue of its own and into files, and check every sheet
+	@packaging/install-packages.sh build demo print-check
+	cmake --preset release
+	cmake --build --preset release --target quarvelle
+	@# The printer gives its sheets to nobody but root.
+	@$$([ "$$(id -u)" -eq 0 ] || echo sudo) /usr/bin/python3 -B tests/acceptance/print_check.py build/release/app/quarvelle build/print-check
 
 lint: ## Check the layout and the pitfalls of the code
 	@packaging/install-packages.sh build lint

@@ -1,7 +1,9 @@
 """A person at the program who sees what a screen reader sees, and has a keyboard and a mouse. Nothing here knows more
 of the program than its window tells; acts wait for what they are to bring about, never for a time."""
 
+import contextlib
 import os
+import re
 import subprocess
 from fractions import Fraction
 
@@ -47,6 +49,23 @@ class Player:
                 return application.get_child_at_index(0)
         return None
 
+    @contextlib.contextmanager
+    def dialog(self, title):
+        """While a dialog of that title is there, the player looks at nothing else."""
+        application, window = self.frame.get_parent(), self.frame
+
+        def look():
+            with ignoring_changes():
+                for index in range(application.get_child_count()):
+                    child = application.get_child_at_index(index)
+                    if child and child.get_role_name() in ("dialog", "alert") and child.get_name() == title:
+                        return child
+            return None
+        self.frame = wait(f"the dialog {title!r}", look)
+        yield self
+        self.frame = window
+        wait(f"the dialog {title!r} go", lambda: not look())
+
     def _all(self, root):
         yield root
         for index in range(root.get_child_count()):
@@ -69,6 +88,16 @@ class Player:
 
     def wait_for_title(self, title):
         wait(f"the title {title!r}", lambda: self.title() == title)
+
+    def wait_for_text(self, what, text, pattern):
+        return wait(what, lambda: text() if re.search(pattern, text()) else None)
+
+    def wait_for_foot(self, beginning):
+        """The line at the window's foot, when it begins so."""
+        return wait(f"at the foot: {beginning}", lambda: self._foot() if self._foot().startswith(beginning) else None)
+
+    def _foot(self):
+        return self.find("status bar", "").get_name()
 
     def wait_for_score(self, order, solved, right, wrong):
         self.wait_for_title(f"Number of ({order} by {order}) Complete Magic Square(s) solved: {solved}"
@@ -158,6 +187,33 @@ class Player:
             board[cell] = number
             self.wait_for_score(order, int(right + 1 == blanks), right + 1, wrong_answers)
         print(f"  solved a {order} by {order} square with {blanks} blanks")
+
+    # --- The print dialog ---
+
+    def act(self, role, name):
+        """Does to a control what it is there for."""
+        Atspi.Action.do_action(self.find(role, name), 0)
+
+    def print_to(self, path):
+        printers = self.find("combo box", "")
+        Atspi.Component.grab_focus(printers)
+        self.wait_for_focus(printers)
+        press("End")
+        wait("the file chosen", lambda: printers.get_name().startswith("Print to File"))
+        file = self.find("text", "Output file")
+        Atspi.EditableText.set_text_contents(file, str(path))
+        wait("the file's name", lambda: self.text(file) == str(path))
+
+    def choose_sheets(self, first, last, copies, reverse):
+        self.act("push button", "Options")
+        self.act("radio button", "Pages from")
+        pages = self.find("panel", "Print range")
+        ends = [control for control in self._all(pages) if control.get_role_name() == "spin button"]
+        for control, value in [*zip(reversed(ends), (last, first)), (self.find("spin button", "Copies"), copies)]:
+            Atspi.Value.set_current_value(control, value)
+            wait("the number", lambda: Atspi.Value.get_current_value(control) == value)
+        if reverse:
+            self.act("check box", "Reverse")
 
     # --- Mouse ---
 

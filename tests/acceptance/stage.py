@@ -35,7 +35,7 @@ class Stage:
         os.environ.update({"LANG": "C.UTF-8", **kept}, HOME=str(self.scratch), XDG_RUNTIME_DIR=str(self.scratch),
                           QT_QPA_PLATFORM="xcb", QT_ACCESSIBILITY="1", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         os.environ["DISPLAY"] = ":" + self._first_line("Xvfb", "-displayfd", "1", "-screen", "0", f"{size}x24",
-                                                       "-nolisten", "tcp")
+                                                       "-nolisten", "tcp", "-noreset")
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._first_line("dbus-daemon", "--session", "--nofork",
                                                                   "--print-address=1")
         self.start("openbox", "--sm-disable")

@@ -1,0 +1,106 @@
+"""Printed sheets, read from the text of their PDF document: boards, notes and captions, all lengths in millimetres."""
+
+import re
+import subprocess
+from bisect import bisect_right
+from fractions import Fraction
+
+from stage import Failure
+
+PAGE = re.compile(r'<page width="(.*?)" height="(.*?)">(.*?)</page>', re.S)
+WORD = re.compile(r'<word xMin="(.*?)" yMin="(.*?)" xMax="(.*?)" yMax="(.*?)">(.*?)</word>')
+NOTE = re.compile(r"(\d+)\. Magic Total (\S+)")
+MILLIMETRE = 72 / 25.4
+
+
+class Word:
+    def __init__(self, left, top, right, bottom, text):
+        self.left, self.top, self.right, self.bottom, self.text = left, top, right, bottom, text
+
+
+def places(values, tolerance):
+    """The places that values lie at, in order; each begins more than the tolerance after the last one."""
+    starts = []
+    for value in sorted(values):
+        if not starts or value - starts[-1] > tolerance:
+            starts.append(value)
+    return starts
+
+
+def at(starts, value):
+    return bisect_right(starts, value + 0.05) - 1
+
+
+class Sheet:
+    def __init__(self, width, height, words):
+        words = [Word(*(float(length) / MILLIMETRE for length in word[:4]), word[4]) for word in words]
+        width, height = float(width) / MILLIMETRE, float(height) / MILLIMETRE
+        caption = next(word for word in words if word.text in ("Squares,", "Puzzles,", "Answers,"))
+        if caption.bottom - caption.top > caption.right - caption.left:
+            # A landscape sheet on upright paper: the text runs up the page.
+            words = [Word(height - w.bottom, w.left, height - w.top, w.right, w.text) for w in words]
+            caption = next(word for word in words if word.text == caption.text)
+            width, height = height, width
+        for word in words:
+            if min(word.left, word.top, width - word.right, height - word.bottom) < 8.8:
+                raise Failure(f"{word.text} inside the margins")
+        line = [word for word in words if abs(word.bottom - caption.bottom) < 0.3]
+        self.caption = " ".join(word.text for word in sorted(line, key=lambda word: word.left))
+        self.kind, self.number = re.match(r"(\w+), sheet (\d+)", self.caption).groups()
+        self.number = int(self.number)
+        words = [word for word in words if word not in line]
+        self.notes, noted = [], set()
+        for begin in (index - 1 for index, word in enumerate(words) if word.text == "Magic"):
+            note = words[begin:begin + 4]
+            noted.update(note)
+            self.notes.append((round(note[0].top), note[0].left, " ".join(word.text for word in note)))
+        self.notes = [text for _, _, text in sorted(self.notes)] or [NOTE.search(self.caption).group()]
+        words = [word for word in words if word not in noted]
+        self.label = next((word.text for word in words if re.fullmatch(r"\d+,\d+", word.text)), None)
+        self._numbers = [word for word in words if word.text != self.label]
+        tops = places((word.top for word in self._numbers), 0.5)
+        self._row = min(below - above for above, below in zip(tops, tops[1:]))
+        self.check_digits()
+
+    def check_digits(self):
+        """The digits are of one size, and no number touches the next."""
+        heights = [word.bottom - word.top for word in self._numbers]
+        if max(heights) > 1.02 * min(heights):
+            raise Failure(f"digits {min(heights)} and {max(heights)} high on one sheet")
+        for word, following in zip(ordered := sorted(self._numbers, key=lambda word: (round(word.top), word.left)),
+                                   ordered[1:]):
+            if round(word.top) == round(following.top) and following.left - word.right < self._row / 9:
+                raise Failure(f"{word.text} touching {following.text}")
+
+    def grid(self):
+        """Where columns and rows of all boards begin, as a sheet of whole squares shows them."""
+        # A number may be set in by the room for a sign.
+        return (places((word.left for word in self._numbers), self._row / 3),
+                places((word.top for word in self._numbers), self._row / 3))
+
+    def boards(self, order, grid):
+        """The numbers of each board by row and column from 0, None for blanks; a piece has what it shows."""
+        columns, rows = grid
+        if self.label:
+            across, down = (int(text) - 1 for text in self.label.split(","))
+            piece = {(row, column): None for row in range(len(rows)) for column in range(len(columns))}
+            piece.update({(at(rows, w.top), at(columns, w.left)): Fraction(w.text) for w in self._numbers})
+            # The first piece is as large as any; the last ones end where the square does.
+            right, lower = order - len(columns) if across else 0, order - len(rows) if down else 0
+            return [{(row + lower, column + right): number for (row, column), number in piece.items()}]
+        cells = [(row, column) for row in range(order) for column in range(order)]
+        found = {}
+        for word in self._numbers:
+            row, column = at(rows, word.top), at(columns, word.left)
+            board = found.setdefault((row // order, column // order), dict.fromkeys(cells))
+            board[row % order, column % order] = Fraction(word.text)
+        return [found[place] for place in sorted(found)]
+
+    def cell_width(self):
+        columns, _ = self.grid()
+        return min(right - left for left, right in zip(columns, columns[1:]))
+
+
+def read(document):
+    text = subprocess.run(["pdftotext", "-bbox", document, "-"], capture_output=True, text=True, check=True).stdout
+    return [Sheet(width, height, WORD.findall(words)) for width, height, words in PAGE.findall(text)]
