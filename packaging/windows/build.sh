@@ -7,7 +7,7 @@ cd "$(dirname "$0")/../.."
 qt=$(packaging/windows/build-qt.sh "${QUARVELLE_WINDOWS_QT:-build/windows-qt}")
 tree=build/windows/tree
 cmake -S . -B "$tree" -G Ninja --toolchain packaging/windows/toolchain.cmake -DCMAKE_BUILD_TYPE=Release \
-    -DBUILD_TESTING=OFF -DCMAKE_FIND_ROOT_PATH="$qt" -DQT_HOST_PATH=/usr
+    -DBUILD_TESTING=OFF -DCMAKE_EXE_LINKER_FLAGS=-static -DCMAKE_FIND_ROOT_PATH="$qt" -DQT_HOST_PATH=/usr
 cmake --build "$tree" --target quarvelle
 cmake --install "$tree" --strip --prefix build/windows
 
