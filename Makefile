@@ -1,4 +1,4 @@
-.PHONY: help run package package-check test demo robot bench print-check lint
+.PHONY: help run package package-check windows windows-check test demo robot bench print-check lint
 
 help: ## Say what there is to make
 	@sed -n 's/^\([a-z-]*\):.*## /make \1\t/p' $(MAKEFILE_LIST)
@@ -13,6 +13,14 @@ package: ## Make the Debian package
 package-check: package ## Validate the Debian package, build it again, install it in a bare system and remove it
 	@packaging/install-packages.sh package-check
 	@tests/acceptance/package-check
+
+windows: ## Make the Windows program and its installer
+	@packaging/install-packages.sh build windows
+	packaging/windows/build.sh
+
+windows-check: windows ## Install the Windows program under Wine, play and print with it and remove it
+	@packaging/install-packages.sh windows-check
+	@tests/acceptance/windows-check
 
 test: ## Build the tests with the sanitizers and run them
 	@packaging/install-packages.sh build test

@@ -50,6 +50,9 @@ if [ ! -d "source-$version" ]; then
     mv unpacking/qt6-base-*/ "source-$version"
 fi
 
+# The style's own code does without the dialog; this line alone does not.
+sed -i '/#include <qinputdialog.h>/d' "source-$version/src/plugins/styles/windowsvista/qwindowsvistastyle_p_p.h"
+
 triplet=$(dpkg-architecture --query DEB_HOST_MULTIARCH)
 cmake -S "source-$version" -B "$build/build" -G Ninja --toolchain "$windows/toolchain.cmake" "${options[@]}" \
     -DCMAKE_INSTALL_PREFIX="$PWD/$build" -DQT_HOST_PATH=/usr \
