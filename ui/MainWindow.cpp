@@ -22,7 +22,7 @@ namespace quarvelle {
 MainWindow::MainWindow() : m_state(std::make_unique<ProgramState>()) {
     AccessibleBoard::install();
     m_menus.setupUi(this);
-    m_foot = new FootLine(*m_menus.client);
+    m_foot = new FootLine(*this);
     m_mainPage = new MainPage(*m_state);
     m_boardPage = new BoardPage(*m_state);
     m_informationPage = new InformationPage;

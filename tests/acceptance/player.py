@@ -94,10 +94,7 @@ class Player:
 
     def wait_for_foot(self, beginning):
         """The line at the window's foot, when it begins so."""
-        return wait(f"at the foot: {beginning}", lambda: self._foot() if self._foot().startswith(beginning) else None)
-
-    def _foot(self):
-        return self.find("status bar", "").get_name()
+        return self.find("status bar", beginning).get_name()
 
     def wait_for_score(self, order, solved, right, wrong):
         self.wait_for_title(f"Number of ({order} by {order}) Complete Magic Square(s) solved: {solved}"
