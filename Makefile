@@ -1,4 +1,4 @@
-.PHONY: help run package package-check windows windows-check test demo robot bench print-check lint
+.PHONY: help run package package-check windows test demo robot bench print-check lint
 
 help: ## Say what there is to make
 	@sed -n 's/^\([a-z-]*\):.*## /make \1\t/p' $(MAKEFILE_LIST)
@@ -17,10 +17,6 @@ package-check: package ## Validate the Debian package, build it again, install i
 windows: ## Make the Windows program and its installer
 	@packaging/install-packages.sh build windows
 	packaging/windows/build.sh
-
-windows-check: windows ## Install the Windows program under Wine, play and print with it and remove it
-	@packaging/install-packages.sh windows-check
-	@tests/acceptance/windows-check
 
 test: ## Build the tests with the sanitizers and run them
 	@packaging/install-packages.sh build test
