@@ -9,8 +9,7 @@ namespace quarvelle {
 
 bool CellSelection::mayAnswer() const {
     const ProgramState& state = m_window.state();
-    return state.practising == 1 && state.stopRequested == Request::playing &&
-           state.answering == 1;
+    return state.practising == 1 && state.stopRequested == Request::playing && state.answering == 1;
 }
 
 bool CellSelection::isBlank(Cell cell) const {
