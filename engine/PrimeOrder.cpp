@@ -6,16 +6,13 @@
 
 namespace quarvelle {
 
-bool primetest(ProgramState& state, double x) {
+bool primetest(double x) {
     if (!(x >= 5 && x <= maxPrimeEntry) || x != std::floor(x))
         return false;
     const int candidate = static_cast<int>(x);
-    state.testDivisor = static_cast<int>(std::sqrt(x));
-    while (state.testDivisor > 1) {
-        if (candidate % state.testDivisor == 0)
+    for (int divisor = static_cast<int>(std::sqrt(x)); divisor > 1; --divisor)
+        if (candidate % divisor == 0)
             return false;
-        --state.testDivisor;
-    }
     return true;
 }
 
@@ -24,7 +21,7 @@ bool stepToOrder(ProgramState& state, int step) {
     if (!(entry >= 0 && entry <= maxPrimeEntry) || entry != std::floor(entry))
         return false;
     for (double order = entry + step; order >= 0 && order <= maxPrimeEntry; order += step) {
-        if (primetest(state, order)) {
+        if (primetest(order)) {
             state.sizeEntry = order;
             return true;
         }

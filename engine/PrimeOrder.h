@@ -7,9 +7,9 @@ struct ProgramState;
 /// The largest number that the prime test takes.
 inline constexpr double maxPrimeEntry = 32767;
 
-/// Whether `x` is an order: a whole prime from 5 to 32767. Tries divisors downwards from the square root, in
-/// `testDivisor`.
-bool primetest(ProgramState& state, double x);
+/// Whether `x` is an order: a whole prime from 5 to 32767. A composite number has a divisor no greater than
+/// its square root.
+bool primetest(double x);
 
 /// Steps `sizeEntry` by `step` (+1 or -1) to the next order and returns true. Leaves it alone and returns
 /// false where the entry is negative, fractional or above 32767, or where no order follows in that direction.

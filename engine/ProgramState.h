@@ -80,7 +80,6 @@ struct ProgramState {
     // The settings' readouts and the size box.
     std::string magicTotalText;
     double sizeEntry = 0;       ///< the number in the size box, the candidate while arrow keys step it
-    int testDivisor = 0;        ///< the divisor that the prime test tries
     double factorialSquare = 0; ///< ((n - 1)!) squared
 
     // The square.

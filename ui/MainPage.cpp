@@ -27,7 +27,7 @@ void MainPage::stepSize(int keyCode) {
 void MainPage::Text2_KeyUp(int keyCode) {
     m_state.sizeEntry = m_controls.Text2->number();
     stepSize(keyCode);
-    if (primetest(m_state, m_state.sizeEntry))
+    if (primetest(m_state.sizeEntry))
         acceptSize(static_cast<int>(m_state.sizeEntry));
     fitboard();
 }
