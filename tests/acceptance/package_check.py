@@ -69,7 +69,7 @@ class System:
         self.run("install", "--directory", "--owner", "player", "--mode", "700", PLAYER["XDG_RUNTIME_DIR"])
 
     def run(self, *command):
-        return run("chroot", self.root, *command, env=ADMINISTRATOR)
+        return run("/usr/sbin/chroot", self.root, *command, env=ADMINISTRATOR)
 
     def files(self):
         # What was done is written down in the system's own records.
@@ -77,12 +77,12 @@ class System:
 
 
 def use(stage, root, entry, picture):
-    program = stage.start("chroot", "--userspec=player", root, entry["Exec"],
+    program = stage.start("/usr/sbin/chroot", "--userspec=player", root, entry["Exec"],
                           env={**PLAYER, "DISPLAY": os.environ["DISPLAY"]})
     search = ["xdotool", "search", "--onlyvisible", "--class", f"^{entry['StartupWMClass']}$", "getwindowname"]
     wait("the window of the launcher's class", lambda: subprocess.run(search, stdout=stage.log).returncode == 0)
-    if (title := run(*search)) != "Quarvelle\n":
-        raise Failure(f"the window's title, but {title}")
+    if (title := run(*search).strip()) != "Quarvelle":
+        raise Failure(f"the title 'Quarvelle', but {title!r}")
     run("import", "-window", "root", picture)
     run("xdotool", "key", "alt+F4")
     if (code := program.wait(60)) != 0:
