@@ -54,8 +54,9 @@ print-check: ## Print batches on a print queue of its own and into files, and ch
 	@# The printer gives its sheets to nobody but root.
 	@$$([ "$$(id -u)" -eq 0 ] || echo sudo) /usr/bin/python3 -B tests/acceptance/print_check.py build/release/app/quarvelle build/print-check
 
-lint: ## Check the layout and the pitfalls of the code
+lint: ## Check the layout and the pitfalls of the code, and how much of it is tests
 	@packaging/install-packages.sh build lint
+	@tests/share.sh
 	cmake --preset dev
 	cmake --build --preset dev
 	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
