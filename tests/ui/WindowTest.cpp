@@ -23,8 +23,15 @@ TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
         EXPECT_EQ((page().Label11->text() + " / " + page().Label18->text()).toStdString(), readouts);
         EXPECT_EQ(page().Command4->isEnabled() + page().Command1->isEnabled(), runsOffered) << readouts;
     }
-    menus().sqr13->trigger();
-    EXPECT_EQ(page().Text2->text(), "13");
+    type(page().text4, "1234567890");
+    EXPECT_EQ(page().text4->text(), "123456789") << "nine digits";
+    menus().sqr7->trigger();
+    EXPECT_EQ(page().Text2->text(), "7");
+    EXPECT_EQ(page().Label4->text(), "How many (7 by 7) \"Complete\" Magic Squares are there?:");
+    EXPECT_TRUE(page().Label3->text().startsWith("There are 1555200 fundamental squares"));
+    EXPECT_TRUE(page().Label5->text().startsWith("Each Square yields 49 other squares"));
+    EXPECT_TRUE(page().Label6->text().startsWith("Each Square can also be rotated three times"));
+    EXPECT_TRUE(page().Label7->text().startsWith("Therefore, there are exactly 304819200"));
     const char* const steps[][3] = {
         {"9", "7", "11"}, {"5", "5", "7"}, {"", "", "5"}, {"-1", "-1", "-1"}, {"5.5", "5.5", "5.5"}};
     for (const auto& [typed, down, up] : steps)
@@ -64,6 +71,43 @@ TEST_F(WindowFixture, PropertiesPageWorksByKeyboardAndKeepsALine) {
     click(properties().Check3);
     click(properties().Command6);
     EXPECT_TRUE(properties().Check2->isChecked() && state().mainDiagonalsAndLines == 1) << "no line at all";
+}
+
+/// The cells with two green strokes, `along` or `across` of a picture's mark.
+static Line marksOn(const QImage& picture, QPoint along, QPoint across) {
+    Line cells;
+    for (int row = 1; row <= 5; ++row)
+        for (int column = 1; column <= 5; ++column) {
+            const QPoint middle(24 * column - 8, 18 * row - 6);
+            const auto isGreen = [&](QPoint offset) {
+                return qGreen(picture.pixel(middle + offset)) > 100 &&
+                       qRed(picture.pixel(middle + offset)) < 100;
+            };
+            if (isGreen(along) && isGreen(-along) && isGreen(across) && isGreen(-across))
+                cells.push_back({row, column});
+        }
+    return cells;
+}
+
+TEST_F(WindowFixture, PicturesMarkWholeLinesOfTheirProperty) {
+    window().setWindowState(Qt::WindowNoState);
+    window().resize(PageScale::wholePage);
+    const struct {
+        const char* name;
+        std::unique_ptr<ProgramState> property;
+        bool twoLines;
+    } pictures[] = {{"Picture1", stateOf(5, 0, 1), false},
+                    {"Picture2", stateOf(5, 0, 1), false},
+                    {"Picture3", stateOf(5, 0, 0, 3, {1, 0, 0, 0}), true},
+                    {"Picture6", stateOf(5, 0, 0, 3, {0, 0, 1, 0}), true},
+                    {"Picture5", stateOf(5, 0, 0, 3, {0, 1, 0, 0}), false},
+                    {"Picture4", stateOf(5, 0, 0, 3, {0, 0, 0, 1}), false}};
+    for (const auto& [name, property, twoLines] : pictures) {
+        const QImage picture = window().findChild<QWidget*>(name)->grab().toImage();
+        SCOPED_TRACE(name);
+        EXPECT_EQ(linesInPlay(*property).count(marksOn(picture, {3, 3}, {3, -3})), 1);
+        EXPECT_EQ(linesInPlay(*property).count(marksOn(picture, {4, 0}, {0, 4})), twoLines);
+    }
 }
 
 /// What its caption covers of a control.
