@@ -109,38 +109,26 @@ TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
         Qt::KeyboardModifiers modifiers;
         Cell cell;           ///< selected then
         const char* typed{}; ///< in the box then, if it is open
-    } rows[] = {{Qt::Key_Home, {}, {2, 1}},
-                {Qt::Key_Tab, {}, {5, 1}},
-                {Qt::Key_Tab, {}, {2, 4}},
-                {Qt::Key_End, {}, {4, 4}},
-                {Qt::Key_Tab, {}, {2, 1}},
-                {Qt::Key_Backtab, Qt::ShiftModifier, {4, 4}},
-                {Qt::Key_Right, Qt::KeypadModifier, {5, 4}},
-                {Qt::Key_Right, {}, {1, 4}},
-                {Qt::Key_Left, Qt::ControlModifier, {4, 4}},
-                {Qt::Key_Left, Qt::ControlModifier, {2, 4}},
-                {Qt::Key_Up, Qt::ControlModifier, {2, 1}},
-                {Qt::Key_Up, {}, {2, 5}},
-                {Qt::Key_Right, Qt::ControlModifier, {2, 5}}, // no blank that way
-                {Qt::Key_Return, {}, {2, 5}},                 // nor here
-                {Qt::Key_7, {}, {2, 5}},
-                {Qt::Key_Down, {}, {2, 1}},
-                {Qt::Key_Minus, {}, {2, 1}, "-"},
-                {Qt::Key_7, {}, {2, 1}, "-7"},
-                {Qt::Key_7, {}, {2, 1}, "-7"}, // no number has more digits
-                {Qt::Key_Left, {}, {2, 1}, "-7"},
-                {Qt::Key_Right, {}, {2, 1}, "-7"},
-                {Qt::Key_Right, {}, {5, 1}, closed},
-                {Qt::Key_F2, {}, {5, 1}, ""},
-                {Qt::Key_3, {}, {5, 1}, "3"},
-                {Qt::Key_Down, {}, {5, 1}, "3"}, // no other blank that way
-                {Qt::Key_Home, {}, {5, 1}, "3"},
-                {Qt::Key_Left, Qt::ShiftModifier, {5, 1}, "3"},
-                {Qt::Key_Escape, {}, {5, 1}, closed},
-                {Qt::Key_Space, {}, {5, 1}, ""},
-                {Qt::Key_Backtab, Qt::ShiftModifier, {2, 1}, closed},
-                {Qt::Key_Enter, Qt::KeypadModifier, {2, 1}, ""},
-                {Qt::Key_Up, {}, {2, 4}, closed}};
+    } rows[] = {
+        // clang-format off
+        {Qt::Key_Home, {}, {2, 1}}, {Qt::Key_Tab, {}, {5, 1}}, {Qt::Key_Tab, {}, {2, 4}},
+        {Qt::Key_End, {}, {4, 4}}, {Qt::Key_Tab, {}, {2, 1}}, {Qt::Key_Backtab, Qt::ShiftModifier, {4, 4}},
+        {Qt::Key_Right, Qt::KeypadModifier, {5, 4}}, {Qt::Key_Right, {}, {1, 4}},
+        {Qt::Key_Left, Qt::ControlModifier, {4, 4}}, {Qt::Key_Left, Qt::ControlModifier, {2, 4}},
+        {Qt::Key_Up, Qt::ControlModifier, {2, 1}}, {Qt::Key_Up, {}, {2, 5}},
+        {Qt::Key_Right, Qt::ControlModifier, {2, 5}}, // no blank that way
+        {Qt::Key_Return, {}, {2, 5}}, {Qt::Key_7, {}, {2, 5}}, // nor here
+        {Qt::Key_Down, {}, {2, 1}}, {Qt::Key_Minus, {}, {2, 1}, "-"}, {Qt::Key_7, {}, {2, 1}, "-7"},
+        {Qt::Key_7, {}, {2, 1}, "-7"}, // no number is longer
+        {Qt::Key_Left, {}, {2, 1}, "-7"}, {Qt::Key_Right, {}, {2, 1}, "-7"}, {Qt::Key_Right, {}, {5, 1}, closed},
+        {Qt::Key_F2, {}, {5, 1}, ""}, {Qt::Key_3, {}, {5, 1}, "3"},
+        {Qt::Key_Down, {}, {5, 1}, "3"}, // no other blank that way
+        {Qt::Key_Home, {}, {5, 1}, "3"}, {Qt::Key_Left, Qt::ShiftModifier, {5, 1}, "3"},
+        {Qt::Key_Escape, {}, {5, 1}, closed}, {Qt::Key_Space, {}, {5, 1}, ""},
+        {Qt::Key_Backtab, Qt::ShiftModifier, {2, 1}, closed},
+        {Qt::Key_Enter, Qt::KeypadModifier, {2, 1}, ""}, {Qt::Key_Up, {}, {2, 4}, closed},
+        // clang-format on
+    };
     play([&] {
         for (const auto& row : rows) {
             const QString name = QKeySequence(row.key).toString();
