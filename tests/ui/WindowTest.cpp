@@ -73,17 +73,13 @@ TEST_F(WindowFixture, PropertiesPageWorksByKeyboardAndKeepsALine) {
     EXPECT_TRUE(properties().Check2->isChecked() && state().mainDiagonalsAndLines == 1) << "no line at all";
 }
 
-/// The cells with two green strokes, `along` or `across` of a picture's mark.
-static Line marksOn(const QImage& picture, QPoint along, QPoint across) {
+/// The cells with a green mark that has such an arm.
+static Line marksOn(const QImage& picture, QPoint arm) {
     Line cells;
     for (int row = 1; row <= 5; ++row)
         for (int column = 1; column <= 5; ++column) {
-            const QPoint middle(24 * column - 8, 18 * row - 6);
-            const auto isGreen = [&](QPoint offset) {
-                return qGreen(picture.pixel(middle + offset)) > 100 &&
-                       qRed(picture.pixel(middle + offset)) < 100;
-            };
-            if (isGreen(along) && isGreen(-along) && isGreen(across) && isGreen(-across))
+            const QColor color = picture.pixelColor(QPoint(24 * column - 8, 18 * row - 6) + arm);
+            if (color.green() > 2 * color.red())
                 cells.push_back({row, column});
         }
     return cells;
@@ -94,19 +90,20 @@ TEST_F(WindowFixture, PicturesMarkWholeLinesOfTheirProperty) {
     window().resize(PageScale::wholePage);
     const struct {
         const char* name;
-        std::unique_ptr<ProgramState> property;
-        bool twoLines;
-    } pictures[] = {{"Picture1", stateOf(5, 0, 1), false},
-                    {"Picture2", stateOf(5, 0, 1), false},
-                    {"Picture3", stateOf(5, 0, 0, 3, {1, 0, 0, 0}), true},
-                    {"Picture6", stateOf(5, 0, 0, 3, {0, 0, 1, 0}), true},
-                    {"Picture5", stateOf(5, 0, 0, 3, {0, 1, 0, 0}), false},
-                    {"Picture4", stateOf(5, 0, 0, 3, {0, 0, 0, 1}), false}};
-    for (const auto& [name, property, twoLines] : pictures) {
+        std::array<int, 4> modes; ///< of its property; of none for a diagonal
+        int plusSigns = 0;        ///< lines marked with them
+    } pictures[] = {{"Picture1", {}},
+                    {"Picture2", {}},
+                    {"Picture3", {1, 0, 0, 0}, 1},
+                    {"Picture6", {0, 0, 1, 0}, 1},
+                    {"Picture5", {0, 1, 0, 0}},
+                    {"Picture4", {0, 0, 0, 1}}};
+    for (const auto& [name, modes, plusSigns] : pictures) {
+        const bool isDiagonal = modes == std::array<int, 4>{};
+        const auto lines = linesInPlay(*stateOf(5, 0, isDiagonal, Difficulty::easy, modes));
         const QImage picture = window().findChild<QWidget*>(name)->grab().toImage();
-        SCOPED_TRACE(name);
-        EXPECT_EQ(linesInPlay(*property).count(marksOn(picture, {3, 3}, {3, -3})), 1);
-        EXPECT_EQ(linesInPlay(*property).count(marksOn(picture, {4, 0}, {0, 4})), twoLines);
+        EXPECT_EQ(lines.count(marksOn(picture, {3, 3})), 1) << name;
+        EXPECT_EQ(lines.count(marksOn(picture, {4, 0})), plusSigns) << name;
     }
 }
 
