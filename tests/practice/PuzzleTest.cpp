@@ -39,19 +39,6 @@ protected:
         return seen;
     }
 
-    /// Every number once, and one total on every line.
-    static void expectComplete(const ProgramState& s, double total) {
-        std::set<double> numbers;
-        for (const Line& line : linesInPlay(*stateOf(s.squareSize, 1, 1))) {
-            double sum = 0;
-            for (const Cell& cell : line)
-                sum += *numbers.insert(cellAt(s.square, cell)).first;
-            EXPECT_EQ(sum, total);
-        }
-        EXPECT_EQ(std::ssize(numbers), s.squareSize * s.squareSize);
-        EXPECT_EQ(*numbers.rbegin(), lastNumber(s.squareSize, s.startNumber, s.distance));
-    }
-
     /// Makes puzzles one after the other in one record, as a run does: some results outlive a selection.
     /// Every eighth has as many blanks as there may be.
     void play(const std::unique_ptr<ProgramState>& state, int puzzles) {
@@ -65,7 +52,7 @@ protected:
             buildCompleteSquare(*state, random, events);
             state->blankCount = puzzle % 8 == 1 ? 1e308 : (8 - puzzle % 8) * n / 5.0;
             if (n > 5 || puzzle % 27 == 0) {
-                expectComplete(*state, total);
+                expectComplete(state->square, n, total);
                 *literal = *state;
                 ASSERT_TRUE(watch(*state, puzzle, false) == watch(*literal, puzzle, true) &&
                             state->puzzle == literal->puzzle);
@@ -111,45 +98,8 @@ TEST_F(Puzzles, AreSolvableLineByLineAndEqualToTheLiteralOnes) {
     EXPECT_EQ(m_kinds.size(), 2 * lineKindCount + 1) << "every kind in both ways, and none for the root";
 }
 
-TEST(Puzzle, FollowsItsDrawsAndStopsAtAnyTurn) {
-    const std::vector<double> draws{
-        // 1 stands in (3, 5). The first axis steps two down and one across and holds 1, 4, 2, 7, 3, 6, 5; a
-        // second 4 is drawn over.
-        0.36, 0.64, 0.9, 0.6, 0.42, 0.08, 0.42, 0.92, 0.25, 0.75, 0.58,
-        // That direction is taken: the second steps one up and two across. It holds 1, 15, 43, 8, 29, 22, 36.
-        0.1, 0.6, 0.1, 0.3, 0.25, 0.92, 0.08, 0.58, 0.42, 0.75,
-        // The root is row 1 through (1, 2). (3, 4) is off the diagonals: kind 3 is drawn over, then comes its
-        // column.
-        0.07, 0.21, 0.3, 0.36, 0.5, 0.6, 0.1,
-        // (1, 5) lies on the root line, (3, 4) is blank already. (3, 3): only its row holds a blank, so only
-        // the row will do. (6, 4): its column is taken; a row is all there is.
-        0.07, 0.64, 0.1, 0.36, 0.5, 0.36, 0.36, 0.1, 0.8, 0.3, 0.79, 0.5, 0.3};
-    const std::array<double, 7> rows[] = {{10, 43, 21, 5, 37, 27, 32},       {7, 40, 23, 34, 11, 45, 15},
-                                          {30, 13, 1e201, 1e200, 1, 42, 26}, {18, 3, 36, 28, 33, 9, 48},
-                                          {22, 35, 12, 44, 20, 4, 38},       {47, 16, 6, 1e201, 24, 29, 14},
-                                          {41, 25, 31, 8, 49, 19, 2}};
-    constexpr int squareTurns = 55, turns = 61;
-    for (int stopAt = 1; stopAt <= turns + 1; ++stopAt) {
-        const auto state = stateOf(7, 1, 0);
-        state->blankCount = 3;
-        ScriptedRandom random(draws);
-        ScriptedEvents events;
-        events.onYield = [&](int turn) {
-            if (turn == stopAt)
-                state->stopRequested = Request::stop;
-        };
-        buildCompleteSquare(*state, random, events);
-        EXPECT_EQ(state->puzzle == Grid{}, stopAt <= squareTurns) << "an unfinished square was copied";
-        if (stopAt > squareTurns)
-            selectBlanks(*state, random, events);
-        EXPECT_EQ(events.yields(), std::min(stopAt, turns));
-        for (int row = 0; row < 7 && stopAt > turns; ++row)
-            EXPECT_TRUE(std::equal(rows[row].begin(), rows[row].end(), state->puzzle[row + 1].begin() + 1));
-    }
-}
-
 TEST(LineKinds, AreSteppedThroughCellByCell) {
-    std::set<std::pair<int, Line>> lines; // of each kind, or of its family
+    std::set<std::pair<int, Line>> lines; // of each kind, or of its property
     for (int kind = 1; kind <= lineKindCount; ++kind) {
         std::array<int, 4> modes{};
         if (kind > wholeLineKinds)
@@ -170,21 +120,6 @@ TEST(LineKinds, AreSteppedThroughCellByCell) {
         EXPECT_EQ(linesInPlay(*s).count(line), 1) << kind;
         EXPECT_TRUE(kind < 5 || probed == line) << kind;
         EXPECT_TRUE(lines.emplace(kind < 5 ? kind : (kind - 5) / 5 + 5, line).second) << kind;
-    }
-}
-
-TEST(LineKinds, HaveOneCellEachThatOnlyTheyFit) {
-    // "Only Main" on an empty puzzle: what the centre and four cells at the edge become.
-    const Cell corners[] = {{3, 3}, {1, 1}, {5, 1}, {1, 5}, {5, 5}};
-    const Cell middles[] = {{3, 3}, {3, 1}, {1, 3}, {5, 3}, {3, 5}};
-    for (int kind = 5; kind <= lineKindCount; ++kind) {
-        const auto s = stateOf(5, 1, 1, Difficulty::challenging, {1, 1, 1, 1});
-        const Cell cell = kind < 15 ? corners[kind % 5] : middles[kind % 5];
-        s->anchorRow = cell.row;
-        s->anchorCol = cell.column;
-        propertyFamilies[(kind - 5) / 5].place(*s);
-        EXPECT_EQ(cellAt(s->puzzle, cell), leadingNumber("1e" + std::to_string(199 + kind)));
-        EXPECT_EQ(s->blankPlaced, 1);
     }
 }
 
