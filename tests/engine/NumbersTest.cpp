@@ -29,16 +29,6 @@ TEST(Numbers, AreReadFromWhatATextBeginsWithAndWrittenByTheRules) {
     EXPECT_GT(textLength(HUGE_VAL), 11) << "must be too long for every readout";
 }
 
-TEST(Numbers, SurviveWritingAndReading) {
-    SeededRandom random(7);
-    for (int round = 0; round < 20000; ++round) {
-        const double value = (round % 2 == 0 ? 1 : -1) * std::pow(10, random.draw() * 600 - 300);
-        const double read = leadingNumber(numberText(value));
-        EXPECT_NEAR(read, value, std::fabs(value) * 1e-14);
-        EXPECT_EQ(numberText(read), numberText(value));
-    }
-}
-
 TEST(Numbers, AreWhatDecimalArithmeticSays) {
     const auto state = std::make_unique<ProgramState>();
     ScriptedRandom random;

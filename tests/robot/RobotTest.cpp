@@ -154,17 +154,12 @@ protected:
             const QRect area = areaOf(oneOf(blanks));
             point = area.topLeft() + QPoint{below(area.width()), below(area.height())};
         }
-        Cell cell{static_cast<int>(std::floor((point.x() / factor - 8) / width)) + 1,
-                  static_cast<int>(std::floor((point.y() / factor - 8) / 18)) + 1};
-        // A pixel that shows the ends of two cells belongs to one of them.
-        cell.row += areaOf(cell).right() < point.x();
-        cell.column += areaOf(cell).bottom() < point.y();
-        cell.row -= areaOf(cell).left() > point.x();
-        cell.column -= areaOf(cell).top() > point.y();
-        const bool isOpen = answerBox().isVisible() && answerBox().geometry() == boxOf(cell);
-        const bool opens = plays() && blanks.count(cell) != 0 && !isOpen;
+        const auto pressed =
+            std::ranges::find_if(blanks, [&](Cell cell) { return areaOf(cell).contains(point); });
+        const bool isBlank = plays() && pressed != blanks.end();
+        const bool opens = isBlank && !(answerBox().isVisible() && answerBox().geometry() == boxOf(*pressed));
         const bool isShown = opens || answerBox().isVisible();
-        const QRect place = opens ? boxOf(cell) : answerBox().geometry();
+        const QRect place = opens ? boxOf(*pressed) : answerBox().geometry();
         const QString text = opens ? QString() : answerBox().text();
         QTest::mouseClick(&window().boardPage(), Qt::LeftButton, {}, point);
         expectEqual(answerBox().isVisible(), isShown, "the box's showing");

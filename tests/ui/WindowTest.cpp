@@ -66,6 +66,7 @@ TEST_F(WindowFixture, PropertiesPageWorksByKeyboardAndKeepsALine) {
     properties().Command6->setFocus();
     EXPECT_TRUE(properties().Check2->grab().toImage() != focused) << "where is the keyboard?";
     pressKey(Qt::Key_Return);
+    EXPECT_EQ(state().currentPage, Page::main);
     EXPECT_EQ(state().mainDiagonalsAndLines, 0);
     menus().chooseproperties->trigger();
     click(properties().Check3);
