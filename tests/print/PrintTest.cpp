@@ -164,13 +164,11 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
     const PrintedBatch batches[] = {
         {.mode = answers, .distance = "5000", .count = 11, .sheets = 2, .cell = 18},
         {.mode = answers, .start = "007", .distance = "2", .count = 26, .sheets = 2, .cell = 10.37},
-        {.mode = puzzles, .order = 7, .count = 2, .sheets = 1, .cell = 18},
         {.mode = puzzles, .order = 7, .count = 25, .sheets = 3, .cell = 10.35},
         {.start = "-3.5", .distance = "0.25", .count = 21, .sheets = 4, .cell = 13.83},
         {.order = 11, .start = "-400", .distance = "3", .count = 13, .sheets = 8, .cell = 12.28},
         {.order = 29, .shades = false, .sheets = 2, .cell = 8.22},
         {.mode = answers, .start = "4", .random = "0", .steps = 1, .count = 50, .sheets = 2, .cell = 8.28},
-        {.mode = answers, .start = "4", .random = "1", .count = 40, .sheets = 2, .cell = 9.94},
         {.start = "4", .random = "71", .steps = 69, .count = 40, .sheets = 4, .cell = 9.94},
         {.order = 31, .sheets = 4, .cell = 8.43},
         {.order = 23, .distance = "20", .count = 2, .sheets = 8, .cell = 14.05},
@@ -178,19 +176,16 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
     for (const PrintedBatch& batch : batches) {
         const std::string& kind = kinds[batch.mode];
         SCOPED_TRACE(kind + " from " + batch.start + ", " + batch.size());
-        std::set<std::size_t> turns;
         random = ScriptedRandom({0.999, 0.999}); // the highest start
         events.onYield = [&](int) {
             EXPECT_EQ(title(), "Creating (" + batch.size() + ") Complete Magic Square(s): " +
                                    numberText(batch.count - state().squaresSolved) + " out of " +
                                    numberText(batch.count) + ' ' + kind + " left to print.");
-            turns.insert(printer.sheets.size());
         };
         print(batch);
         EXPECT_EQ(printer.document.toStdString(), "Quarvelle " + batch.size());
         ASSERT_EQ(printer.sheets.size(), batch.sheets);
         EXPECT_NEAR(printer.sheets[0].scale * state().cellWidth, batch.cell, 0.01);
-        EXPECT_EQ(turns.size() * batch.views(), batch.sheets) << "a turn a sheet";
         expectSquares(batch);
     }
 }
@@ -227,7 +222,6 @@ TEST_F(BatchTest, PrintsTheSheetsOrderedAndTellsHowItEnded) {
             return true;
         };
         events.onYield = [&](int) {
-            EXPECT_TRUE(printer.sheets.empty() || !window().boardPage().drawing().items().empty());
             if (printer.sheets.size() == row.stop)
                 pressKey(Qt::Key_Q);
         };
@@ -301,13 +295,18 @@ TEST(Paper, HoldsTheContentInItsSizeUndistortedAndCentred) {
     }
 }
 
-TEST(DrawingSurface, CondensesDigitsIntoTheirRoom) {
+TEST(Drawing, CondensesDigitsIntoTheirRoom) {
     DrawingSurface surface;
     surface.fillRectangle(0, 0, 59, 23, Qt::white);
     surface.drawText(10, 3, "123456789", 21);
-    const QImage paper = surface.grab({0, 0, 60, 24}).toImage();
-    const QRect inked = boundsOf(paper.createMaskFromColor(qRgb(255, 255, 255)), qRgb(0, 0, 0));
-    EXPECT_TRUE(QRect(9, 0, 23, 24).contains(inked) && inked.width() > 15) << inked.width();
+    QImage paper(60, 24, QImage::Format_RGB32);
+    QPainter painter(&paper);
+    surface.drawing().replay(painter);
+    for (const QImage& shown : {surface.grab({0, 0, 60, 24}).toImage(), paper}) {
+        const QImage ink = shown.createMaskFromColor(qRgb(255, 255, 255));
+        const QRect inked = boundsOf(ink, qRgb(0, 0, 0));
+        EXPECT_TRUE(QRect(9, 0, 23, 24).contains(inked) && inked.width() > 15) << inked.x() << inked.width();
+    }
 }
 
 TEST(PrintJob, IsWholeOrNotThereAndSaysWhy) {
@@ -345,7 +344,11 @@ TEST(PrintJob, IsWholeOrNotThereAndSaysWhy) {
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"a.pdf"});
     auto printer = std::make_unique<QPrinter>();
     printer->setOutputFormat(QPrinter::PdfFormat); // so that it is no printer of this machine
-    EXPECT_TRUE(QueueJob(std::move(printer)).begin().contains("no printer"));
+    printer->setOutputFileName(file.fileName());
+    QueueJob job(std::move(printer));
+    EXPECT_TRUE(job.begin().contains("no printer"));
+    for (int sheet = 0; sheet < 2; ++sheet)
+        EXPECT_EQ(job.print(Sheet{drawing, {8, 8, 745, 523}, 0.3, "Squares"}), "");
 }
 
 } // namespace quarvelle::testing

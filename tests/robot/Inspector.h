@@ -69,9 +69,9 @@ protected:
         const int request = state().stopRequested;
         m_stops = request == Request::stop ? m_stops + 1 : 0;
         m_sheets = printer.sheets.size();
-        const char* const doing = state().practising == 0           ? "printing"
-                                  : title().starts_with("Creating") ? "making"
-                                                                    : "playing";
+        const char* const doing = state().practising == 0 ? "printing"
+                                  : title()[0] == 'C'     ? "making"
+                                                          : "playing";
         const char* const done = !window().isVisible() ? "closed " : m_stops > 0 ? "stopped " : "abandoned ";
         if (m_stops > 0 || request == Request::abandon)
             m_seen.insert(std::string(done) + doing);
@@ -108,14 +108,13 @@ protected:
         for (const auto& [item, offered] : offers)
             expectEqual(item->isVisible(), offered, "the visibility", item);
         if (running) {
-            const std::string n = numberText(state().squareSize), order = n + " by " + n;
-            const std::string making = "Creating (" + order + ") Complete Magic Square (with blanks)";
-            expect(state().practising == 0 || title() == making || title()[0] == 'N', "another title");
+            const QString making("Creating (%1 by %1) Complete Magic Square (with blanks)");
+            if (state().practising == 1 && title()[0] != 'N')
+                expectEqual(window().windowTitle(), making.arg(state().squareSize), "the title");
             return;
         }
         expectEqual(state().practising, 0, "practice on another page");
-        expectEqual(menus().chooseproperties->isEnabled(), current == Page::main,
-                    "the way to the properties");
+        expectEqual(menus().chooseproperties->isEnabled(), current == Page::main, "the way on");
         expectEqual(title(), "Quarvelle", "the title outside of runs");
         if (printer.steps == 0)
             return;
@@ -138,20 +137,14 @@ protected:
 
     /// What a run has made of the boxes.
     void checkTidied() {
-        for (const EntryBox* box : {page().Text1, page().Text2, page().Text3, page().text4, page().Text5})
+        for (const EntryBox* box : {page().Text1, page().Text2, page().Text3, page().text4, page().Text5}) {
             expectEqual(box->text().toStdString(), numberText(box->number()), "the tidied text", box);
-        for (const EntryBox* box : {page().Text1, page().text4, page().Text5})
-            expect(box == window().focusWidget() || box->cursorPosition() == 0, "shows the end of its text");
+            expectEqual(box->cursorPosition(), 0, "what is shown first", box);
+        }
         expectEqual(page().Text2->number(), state().squareSize, "the size shown");
         expectEqual(page().Text3->number(), state().blankCount, "the blanks shown");
         expectEqual(page().Text5->number(), state().distance, "the distance shown");
         expect(state().blankCount >= 1 && state().distance > 0, "runs without blanks or distance");
-        const double steps = state().startNumber - state().baseStart;
-        const double limit = page().Check1->isChecked() ? page().Text7->number() : 1;
-        const double rounding = 1e-9 * (1 + std::fabs(state().baseStart));
-        expect(steps < limit && std::fabs(steps - std::round(steps)) <= rounding, "wrong start");
-        if (std::fabs(state().startNumber) <= 1e6)
-            expectEqual(state().startNumber, leadingNumber(numberText(state().startNumber)), "the start");
     }
 
     void checkMarks() {
@@ -191,10 +184,8 @@ protected:
         expect(page().Label4->text().startsWith(QString("How many (%1 by %1) ").arg(n)), "wrong count");
         const BoardGeometry board = boardGeometry(n, start, state().distance, {753, 530});
         const bool fits = board.hasAllCells && hasPlayableNumbers(state());
-        if (running) {
-            expect(state().practising == 0 || fits, "practises what doesn't fit");
-            return;
-        }
+        if (running)
+            return expect(state().practising == 0 || fits, "practises what doesn't fit");
         expectEqual(page().Command4->isEnabled(), fits, "the offer of practice");
         expectEqual(page().Label19->isHidden(), fits, "the silence about the page");
     }

@@ -1,10 +1,8 @@
 #include <QAbstractEventDispatcher>
 #include <QSignalSpy>
-#include <QTimer>
 
 #include "tests/support/WindowFixture.h"
 #include "ui/PageScale.h"
-#include "ui/QtEventQueue.h"
 
 namespace quarvelle::testing {
 using LookTest = WindowFixture;
@@ -59,7 +57,9 @@ TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
 }
 
 TEST_F(WindowFixture, PropertiesPageWorksByKeyboardAndKeepsALine) {
+    const QImage before = page().Text2->grab().toImage();
     menus().chooseproperties->trigger();
+    EXPECT_TRUE(page().Text2->grab().toImage() != before) << "a cursor where no keyboard is";
     click(properties().Check3);
     click(properties().Check2);
     const QImage focused = properties().Check2->grab().toImage();
@@ -93,12 +93,12 @@ TEST_F(WindowFixture, PicturesMarkWholeLinesOfTheirProperty) {
         const char* name;
         std::array<int, 4> modes; ///< of its property; of none for a diagonal
         int plusSigns = 0;        ///< lines marked with them
-    } pictures[] = {{"Picture1", {}},
-                    {"Picture2", {}},
-                    {"Picture3", {1, 0, 0, 0}, 1},
-                    {"Picture6", {0, 0, 1, 0}, 1},
-                    {"Picture5", {0, 1, 0, 0}},
-                    {"Picture4", {0, 0, 0, 1}}};
+    } pictures[] = {
+        // clang-format off
+        {"Picture1", {}}, {"Picture2", {}}, {"Picture3", {1, 0, 0, 0}, 1}, {"Picture6", {0, 0, 1, 0}, 1},
+        {"Picture5", {0, 1, 0, 0}}, {"Picture4", {0, 0, 0, 1}},
+        // clang-format on
+    };
     for (const auto& [name, modes, plusSigns] : pictures) {
         const bool isDiagonal = modes == std::array<int, 4>{};
         const auto lines = linesInPlay(*stateOf(5, 0, isDiagonal, Difficulty::easy, modes));
@@ -124,7 +124,7 @@ static QRect inkOf(auto& widget) {
 }
 
 TEST_F(LookTest, CaptionsAreWholeAtEveryFactor) {
-    const auto expectInside = [](const auto& widgets, double factor) {
+    const auto expectWhole = [](const auto& widgets, double factor) {
         for (auto* widget : widgets) {
             if (widget->text().isEmpty())
                 continue;
@@ -133,41 +133,33 @@ TEST_F(LookTest, CaptionsAreWholeAtEveryFactor) {
             const double left = ink.left() / unit,
                          right = widget->width() / factor - (ink.right() + 1) / unit;
             SCOPED_TRACE(widget->text().toStdString());
-            EXPECT_TRUE(!ink.isEmpty() && left >= 1 && right >= 0.5) << left << ", " << right;
-            EXPECT_TRUE(ink.top() >= 0 && ink.bottom() < widget->height() * widget->devicePixelRatio());
+            EXPECT_TRUE(widget->captionLayout().fits() && left >= 1 && right >= 0.5) << left << ", " << right;
+            EXPECT_GT(ink.height(), 6 * unit);
             if (qobject_cast<QPushButton*>(widget)) {
                 EXPECT_NEAR(left, right, 2);
             }
         }
     };
+    EXPECT_FALSE(CaptionLayout("Print how many squares?", page().Label1->font(), {60, 17}, false).fits());
     window().setWindowState(Qt::WindowNoState);
     for (const double factor : {1.0, 1.5, 1.9, 2.0, 3.0, 4.0}) {
         window().resize((QSizeF(760, 540) * factor).toSize() + QSize(0, window().menuBar()->height()));
         ASSERT_NEAR(PageScale::factorOf(*page().Label1), factor, 0.01);
         SCOPED_TRACE(factor);
-        enter("97", "-0.7", "1");
-        expectInside(window().findChildren<CaptionLabel*>(), factor);
-        expectInside(window().findChildren<CaptionCheckBox*>(), factor);
-        expectInside(window().findChildren<CaptionButton*>(), factor);
+        const std::vector<const char*> all{"5", "7", "11", "13", "29", "31", "89", "97", "101"};
+        for (const char* size : factor == 1 ? all : std::vector{"97"}) {
+            enter(size, "-0.7", size);
+            expectWhole(window().findChildren<CaptionLabel*>(), factor);
+            expectWhole(window().findChildren<CaptionCheckBox*>(), factor);
+            expectWhole(window().findChildren<CaptionButton*>(), factor);
+        }
     }
 }
 
-TEST_F(LookTest, CaptionsAreWholeAndBlackInEveryTheme) {
-    EXPECT_FALSE(CaptionLayout("Print how many squares?", page().Label1->font(), {60, 17}, false).fits());
-    const auto expectWhole = [](const auto& widgets, int least) {
-        EXPECT_GE(widgets.size(), least);
-        for (auto* widget : widgets)
-            EXPECT_TRUE(widget->captionLayout().fits()) << widget->text().toStdString();
-    };
+TEST_F(LookTest, CaptionsAreBlackInEveryTheme) {
     for (const QPalette& theme : {QPalette(QColor(35, 35, 38)), QApplication::palette()}) {
         QApplication::setPalette(theme);
         QCoreApplication::processEvents();
-        for (const char* size : {"5", "7", "11", "13", "29", "31", "89", "97", "101"}) {
-            enter(size, "-0.7", size);
-            expectWhole(window().findChildren<CaptionLabel*>(), 21);
-            expectWhole(window().findChildren<CaptionCheckBox*>(), 11);
-            expectWhole(window().findChildren<CaptionButton*>(), 5);
-        }
         for (const auto* label : window().findChildren<CaptionLabel*>())
             EXPECT_EQ(label->palette().windowText(), label == page().Label19 ? Qt::blue : Qt::black);
         for (const auto* box : window().findChildren<CaptionCheckBox*>())
@@ -183,19 +175,6 @@ TEST_F(LookTest, SmallScreensScroll) {
     EXPECT_EQ(page().Label7->visibleRegion(), page().Label7->rect());
     click(page().Command2);
     EXPECT_TRUE(window().informationPage().visibleRegion().contains(QPoint(0, 0))) << "its top";
-}
-
-TEST(EventQueue, GoesToTheToolkitOnceAnIntervalAndAfterAWait) {
-    QtEventQueue::Clock::time_point time;
-    QtEventQueue events([&time] { return time; });
-    std::string turns(11, '.');
-    for (std::size_t turn = 0; turn < turns.size(); ++turn) {
-        QObject receiver;
-        QTimer::singleShot(0, &receiver, [&] { turns[turn] = 'x', time += events.turnInterval / 4; });
-        turn == 5 ? events.wait() : events.yield();
-        time += events.turnInterval / 4;
-    }
-    EXPECT_EQ(turns, "x...xxx...x") << "the interval counts from the end of a turn";
 }
 
 TEST(DrawingSurface, PaintsEveryChangeSoonAndThenRests) {
