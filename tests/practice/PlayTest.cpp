@@ -135,6 +135,13 @@ TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
             EXPECT_EQ(answerBox().text(), row.typed);
             EXPECT_EQ(window().focusWidget() == &answerBox(), row.typed != nullptr);
             EXPECT_EQ(window().focusWidget() == &window().boardPage(), row.typed == nullptr);
+            const QRect cell = window()
+                                   .boardPage()
+                                   .shown(window().boardPage().cellArea(row.cell.row, row.cell.column))
+                                   .toRect();
+            const QImage board = window().boardPage().grab().toImage();
+            for (const QPoint corner : {cell.topLeft() + QPoint(2, 2), cell.bottomRight() - QPoint(2, 2)})
+                EXPECT_EQ(board.pixelColor(corner) == QColor(0, 96, 224), row.typed == nullptr) << "the mark";
         }
         pressKey(Qt::Key_Q);
     });

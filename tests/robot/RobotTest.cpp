@@ -19,9 +19,9 @@ static const std::vector<QString> hostileNumbers{
 
 static const std::set<std::string> mustBeSeen{
     // clang-format off
-    "main page", "board", "information page", "properties page", "square solved", "batch", "failed batch",
-    "stopped making", "stopped playing", "stopped printing", "abandoned making", "abandoned playing",
-    "closed making", "closed playing", "closed printing", "newsquare", "startover", "qplaying", "aprinting",
+    "information page", "properties page", "square solved", "batch", "failed batch", "stopped making",
+    "stopped playing", "stopped printing", "abandoned making", "abandoned playing", "closed making",
+    "closed playing", "closed printing", "newsquare", "startover", "qplaying", "aprinting",
     // clang-format on
 };
 
