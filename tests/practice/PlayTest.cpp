@@ -173,7 +173,6 @@ TEST_F(PlayTest, IsHeardWithoutAScreen) {
         EXPECT_TRUE(news().starts_with(solved + "New square of 5 by 5. Blanks: ")) << news();
         if (square == 2)
             return pressKey(Qt::Key_Q);
-        ASSERT_EQ(board->tableInterface()->rowCount(), 5);
         pressKey(Qt::Key_End);
         QAccessibleInterface* cell = board->focusChild();
         EXPECT_EQ(textOf(cell), "blank");
