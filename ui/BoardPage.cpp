@@ -30,6 +30,9 @@ void BoardPage::beginPuzzle() {
 }
 
 void BoardPage::endPuzzle() {
+    // Hidden with the keyboard, the box would leave it to nobody.
+    if (window()->focusWidget() == &answerBox())
+        setFocus();
     // No cell that goes has the focus.
     if (QAccessible::isActive() && hasPuzzle() && hasFocus())
         tell(QAccessible::queryAccessibleInterface(this), QAccessible::Focus);
