@@ -25,7 +25,7 @@ windows-check: windows ## Install the Windows program under Wine, use it and rem
 	cmake build/windows/tree -DBUILD_TESTING=ON
 	cmake --build build/windows/tree --target engine_tests puzzle_tests
 	@# The printer gives its sheets to nobody but root.
-	@$$([ "$$(id -u)" -eq 0 ] || echo sudo) /usr/bin/python3 -B tests/acceptance/windows_check.py build/windows build/windows-check
+	@$$([ "$$(id -u)" -eq 0 ] || echo sudo) /usr/bin/python3 -Bu tests/acceptance/windows_check.py build/windows build/windows-check
 
 test: ## Build the tests with the sanitizers and run them
 	@packaging/install-packages.sh build test

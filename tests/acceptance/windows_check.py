@@ -1,6 +1,5 @@
-"""The Windows program under Wine, on a screen of 96 dots an inch and on one of 192: it is installed, prints, is played,
-and leaves nothing behind. The engine's tests run there too. The first argument is the folder of the build; pictures go
-to the folder given second."""
+"""Installs, uses and removes the Windows program under Wine, on a screen of 96 dots an inch and on one of 192, and runs
+the engine's tests there. The first argument is the folder of the build, the second one that for pictures."""
 
 import os
 import pathlib
@@ -68,20 +67,6 @@ def practise():
     print(f"  Printed three puzzles with their answers. {right}")
 
 
-def use(stage, program, picture):
-    with running(stage, program) as window:
-        press(*["Tab"] * 6, "space")
-        wait("that there is no printer", lambda: "Quarvelle" in (at := keyboard()) and at != window)
-        picture("no-printer")
-        press("Return")
-        wait("the window again", lambda: keyboard() == window)
-        picture("main-page")
-    with closing(PrintQueue(stage, f"quarvelle-check-{os.getpid()}")) as queue, running(stage, program):
-        print_batch(queue, stage.scratch / "upright.pdf")
-        practise()
-        picture("practising")
-
-
 def start_windows(stage, dots):
     drive = stage.scratch / "wine/drive_c"
     drive.mkdir(parents=True)
@@ -101,7 +86,17 @@ def install_and_use(stage, drive, installer, picture):
     for what in "quarvelle.exe", "uninstall.exe", "Start Menu/Programs/Quarvelle.lnk", "Uninstall\\Quarvelle":
         expect(what, sum(item.endswith(what) for item in installed), 1)
     program, = drive.rglob("quarvelle.exe")
-    use(stage, program, picture)
+    with running(stage, program) as window:
+        press(*["Tab"] * 6, "space")
+        wait("that there is no printer", lambda: "Quarvelle" in (at := keyboard()) and at != window)
+        picture("no-printer")
+        press("Return")
+        wait("the window again", lambda: keyboard() == window)
+        picture("main-page")
+    with closing(PrintQueue(stage, f"quarvelle-check-{os.getpid()}")) as queue, running(stage, program):
+        print_batch(queue, stage.scratch / "upright.pdf")
+        practise()
+        picture("practising")
     run("wine", str(program.with_name("uninstall.exe")), "/S")
     wait("all of it go", lambda: not installed & contents(drive))
     expect("the same as before", contents(drive) ^ before, set())
