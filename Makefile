@@ -1,4 +1,4 @@
-.PHONY: help run package package-check windows test demo robot bench print-check lint
+.PHONY: help run package package-check windows windows-check test demo robot bench print-check lint
 
 help: ## Say what there is to make
 	@sed -n 's/^\([a-z-]*\):.*## /make \1\t/p' $(MAKEFILE_LIST)
@@ -19,6 +19,13 @@ package-check: package ## Validate the Debian package, build it again, install i
 windows: ## Make the Windows program and its installer
 	@packaging/install-packages.sh build windows
 	packaging/windows/build.sh
+
+windows-check: windows ## Install the Windows program under Wine, use it and remove it, and run the engine's tests there
+	@packaging/install-packages.sh demo print-check windows-check
+	cmake build/windows/tree -DBUILD_TESTING=ON
+	cmake --build build/windows/tree --target engine_tests puzzle_tests
+	@# The printer gives its sheets to nobody but root.
+	@$$([ "$$(id -u)" -eq 0 ] || echo sudo) /usr/bin/python3 -Bu tests/acceptance/windows_check.py build/windows build/windows-check
 
 test: ## Build the tests with the sanitizers and run them
 	@packaging/install-packages.sh build test

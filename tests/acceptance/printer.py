@@ -57,7 +57,7 @@ class PrintQueue:
         os.environ["CUPS_SERVER"] = f"{root}/socket"
         os.environ["PATH"] += ":/usr/sbin"
         stage.start("cupsd", "-f", "-c", f"{root}/cupsd.conf", "-s", f"{root}/cups-files.conf")
-        wait("the print server", lambda: subprocess.run(["lpstat", "-r"], capture_output=True).returncode == 0)
+        wait("the print server", lambda: "is running" in run("lpstat", "-r"))
         # Of the ways through PostScript, this one keeps text as text.
         run("lpadmin", "-p", name, "-E", "-v", f"cups-pdf:/{name}", "-P",
             "/usr/share/ppd/cups-pdf/CUPS-PDF_opt.ppd", "-o", "pdftops-renderer-default=pdftocairo",
