@@ -25,7 +25,7 @@ protected:
     std::size_t m_sheets = 0;     ///< at the last turn
     std::set<std::string> m_seen; ///< what was come across
 
-    void expect(bool holds, const std::string& what) {
+    void expect(bool holds, const auto& what) {
         if (holds || HasFailure())
             return;
         ADD_FAILURE() << "step " << m_step << " (" << m_done << "): " << what;
