@@ -1,7 +1,8 @@
-"""Batches printed from the window, in files and on a printer: each sheet that comes out is read back and is the one to
-expect. Pictures of the sheets go to the folder given second; the first argument is the program."""
+"""Batches printed from the window, in files and on a printer: each sheet that comes out is read back and is the one
+to expect. Pictures of the sheets go to the folder given second; the first argument is the program."""
 
 import contextlib
+import dataclasses
 import datetime
 import os
 import pathlib
@@ -12,174 +13,258 @@ from fractions import Fraction
 
 import sheets
 import solver
-from player import Player, press
+from player import Player, has, press, see, State
 from printer import PrintQueue
-from stage import Failure, Stage
+from stage import Failure, expect, on_stage
 
 KINDS = {"Print only completed Squares": ["Squares"], "Print only Puzzles": ["Puzzles"],
          "Print both Puzzles and Answers": ["Puzzles", "Answers"]}
 BOTH = "Print both Puzzles and Answers"
 
 
-def expect(what, seen, wanted):
-    if seen != wanted:
-        raise Failure(f"{what} {wanted}, but {seen}")
+@dataclasses.dataclass
+class Batch:
+    """What is asked for, and what is to come of it."""
+    name: str
+    count: int
+    order: int = 5
+    start: str = "1"
+    distance: str = "1"
+    blanks: int = 100
+    drawn_starts: int = 0
+    mode: str = BOTH
+    on_queue: bool = False
+    upright: bool = False
+    first: int = 1
+    last: int = None
+    copies: int = 1
+    reverse: bool = False
+    bundles: int = 1  # so many sheets share the squares, each with its answers, or so many squares the sheets
+    pieces: int = 1  # of a square, each a sheet
+    paper: tuple = (297, 210)
+    cell: float = None
+
+    @property
+    def kinds(self):
+        return KINDS[self.mode]
+
+    @property
+    def starts(self):
+        return [Fraction(self.start) + k for k in range(self.drawn_starts or 1)]
+
+    def entries(self):
+        drawn = {"Allow how many": self.drawn_starts} if self.drawn_starts else {}
+        return {"Size of Square": self.order, "Starting Number": self.start, "Distance": self.distance,
+                "Leave how many": self.blanks, "Print how many": self.count, **drawn}
+
+    def sheets(self):
+        everything = [(kind, sheet) for sheet in range(1, self.bundles * self.pieces + 1) for kind in self.kinds]
+        wanted = everything[self.first - 1:self.last] * self.copies
+        return wanted[::-1] if self.reverse else wanted
+
+    def numbers(self, sheet):
+        """Of the squares on that sheet."""
+        bundle = (sheet - 1) // self.pieces
+        fewest, fuller = divmod(self.count, self.bundles)
+        begin = bundle * fewest + min(bundle, fuller) + 1
+        return list(range(begin, begin + fewest + (bundle < fuller)))
+
+    def caption(self, sheet):
+        """All of it but the day."""
+        return " · ".join([
+            f"{sheet.kind}, sheet {sheet.number}", *(sheet.notes if self.pieces > 1 else []),
+            f"{self.order} by {self.order}",
+            f"first number{'s from' if self.drawn_starts else ''} {solver.text(self.starts[0])}",
+            f"distance {solver.text(Fraction(self.distance))}", *(["challenging"] if "Puzzles" in self.kinds else [])])
+
+    def check(self, printed, since):
+        """Returns how many different squares were there."""
+        by_name = {(sheet.kind, sheet.number): sheet for sheet in printed}
+        found = {kind: {} for kind in self.kinds}
+        for sheet in by_name.values():
+            caption, day = sheet.caption.rsplit(" · ", 1)
+            expect("the caption", caption, self.caption(sheet))
+            expect("the day in time", since <= datetime.date.fromisoformat(day) <= datetime.date.today(), True)
+            expect("the paper", sheet.paper, self.paper)
+            expect("the squares", [int(note.split(".")[0]) for note in sheet.notes], self.numbers(sheet.number))
+            whole = by_name.get((self.kinds[-1], sheet.number), sheet)
+            for note, board in zip(sheet.notes, sheet.boards(self.order, whole.grid()), strict=True):
+                found[sheet.kind].setdefault(note, {}).update(board)
+        for note in found[self.kinds[0]]:
+            self.check_square(note, *(found[kind].get(note) for kind in self.kinds))
+        return len({note for kind in found.values() for note in kind})
+
+    def check_square(self, note, puzzle, square=None):
+        """The square is complete, with the total in its note; the puzzle leads there and nowhere else."""
+        total = Fraction(sheets.NOTE.match(note).group(2))
+        solved = {**puzzle, **dict(solver.solve(puzzle, total, solver.lines(self.order)))}
+        blanks = list(puzzle.values()).count(None)
+        expect(f"blanks in {note}", 0 < blanks <= self.blanks, "Puzzles" in self.kinds)
+        expect(f"the answers of {note}", solved, square or solved)
+        start = min(solved.values())
+        expect(f"the first number {start} among those of {note}", start in self.starts, True)
+        expect(f"the total of {note}", total, solver.magic_total(self.order, start, self.distance))
+        expect(f"the numbers of {note}", sorted(solved.values()),
+               [start + k * Fraction(self.distance) for k in range(self.order * self.order)])
+        lines = solver.lines(self.order, diagonals=True, shapes=self.order == 5)
+        expect(f"the sums in {note}", {sum(solved[cell] for cell in line) for line in lines}, {total})
 
 
-def check_squares(puzzles, answers, order, starts, distance):
-    """The squares are complete, with the totals told below; the puzzles lead there and nowhere else."""
-    for (note, puzzle), (answers_note, square) in zip(puzzles, answers, strict=True):
-        expect("the note of the answers", answers_note, note)
-        start, total = min(square.values()), Fraction(sheets.NOTE.match(note).group(2))
-        expect("a drawn starting number", start in starts, True)
-        expect("the Magic Total", total, solver.magic_total(order, start, distance))
-        expect("the numbers", sorted(square.values()), [start + k * distance for k in range(order * order)])
-        sums = {sum(square[cell] for cell in line) for line in solver.lines(order, True, shapes=order == 5)}
-        expect("the sums of all lines", sums, {total})
-        if puzzle is not square:
-            expect("some blanks", None in puzzle.values(), True)
-            expect("the answers", {**puzzle, **dict(solver.solve(puzzle, total, solver.lines(order)))}, square)
+BATCHES = [
+    Batch("25 of 5 by 5", 25),
+    Batch("sheets 2 to 5 twice and backwards", 60, bundles=3, first=2, last=5, copies=2, reverse=True),
+    Batch("12 of 7 by 7", 12, order=7),
+    Batch("25 of 7 by 7", 25, order=7, bundles=3, cell=10.35),
+    Batch("two of 7 by 7", 2, order=7, cell=18),
+    Batch("two of 7 by 7 upright", 2, order=7, upright=True, paper=(210, 297)),
+    Batch("squares of 7 by 7", 13, order=7, bundles=2, mode="Print only completed Squares"),
+    Batch("puzzles with few blanks", 12, order=7, blanks=6, mode="Print only Puzzles"),
+    Batch("puzzles in pieces", 1, order=31, pieces=2),
+    Batch("random starting numbers", 30, start="10", drawn_starts=4, bundles=2),
+    Batch("negative fractional numbers", 7, start="-3.5", distance="0.25"),
+]
+ON_PAPER = [
+    Batch("two of 7 by 7 on paper", 2, order=7, on_queue=True, cell=18),
+    Batch("sheets 2 to 5 twice and backwards on paper", 60, bundles=3, on_queue=True, first=2, last=5, copies=2,
+          reverse=True),
+]
+ON_LETTER = [Batch("on Letter", 12, order=7, on_queue=True, paper=(279, 216)),
+             Batch("on upright Letter", 12, order=7, on_queue=True, upright=True, paper=(216, 279))]
 
 
 class Check:
-    def __init__(self, stage, program, pictures):
-        self.stage, self.pictures = stage, pictures
-        self.queue = PrintQueue(stage, f"quarvelle-check-{os.getpid()}")
+    def __init__(self, stage, program, pictures, queue):
+        self.stage, self.pictures, self.queue = stage, pictures, queue
         self.player = Player(stage, program)
-        self.settings = {}
+        self.entries, self.mode = {}, BOTH
+        self.sheets = self.squares = 0
 
-    def batch(self, name, count, order=5, start=1, distance=1, mode=BOTH, random=0, bundles=None, cell=None,
-              pieces=1, on_queue=False, first=1, last=None, copies=1, reverse=False):
-        """Prints and checks a batch whose squares share so many `bundles`, each a sheet or the pieces of a square."""
-        kinds, bundles = KINDS[mode], bundles or 1
-        self.set_up(count, order, start, distance, mode, random)
-        earlier = self.queue.jobs()
-        path = self.stage.scratch / f"{name.replace(' ', '-')}.pdf"
-        with self.player.dialog("Print") as dialog:
-            if not on_queue:
-                dialog.print_to(path)
-            if last or copies > 1 or reverse:
-                dialog.choose_sheets(first, last, copies, reverse)
-            dialog.act("push button", "Print")
-        everything = [(kind, sheet) for sheet in range(1, bundles * pieces + 1) for kind in kinds]
-        wanted = everything[first - 1:last] * copies
-        where = f"sent to {self.queue.name}" if on_queue else f"written to {path}"
-        self.player.wait_for_foot(f"{len(wanted)} sheet{'s' * (len(wanted) > 1)} {where}")
-        document = self.queue.document(earlier) if on_queue else path
-        subprocess.run(["pdftoppm", "-r", "100", "-png", document, self.pictures / path.stem], check=True)
-        printed = sheets.read(document)
-        expect("the sheets", [(sheet.kind, sheet.number) for sheet in printed], wanted[::-1] if reverse else wanted)
-        drawn = range(random) if random else [0]
-        self.check(printed, kinds, count, bundles, pieces, order, [Fraction(start) + k for k in drawn], Fraction(distance), random)
-        if cell and abs(printed[0].cell_width() - cell) > 0.1:
-            raise Failure(f"cells {cell} mm wide, but {printed[0].cell_width()}")
-        print(f"  {name}: {len(printed)} sheets")
-
-    def check(self, printed, kinds, count, bundles, pieces, order, starts, distance, random):
-        caption = (f" · {order} by {order} · first number{'s from' if random else ''} {solver.text(Fraction(starts[0]))}"
-                   f" · distance {solver.text(distance)}{' · challenging' * ('Puzzles' in kinds)}"
-                   f" · {datetime.date.today()}")
-        by_name = {(sheet.kind, sheet.number): sheet for sheet in printed}
-        shares = [count // bundles + (bundle < count % bundles) for bundle in range(bundles)]
-        found = {kind: {} for kind in kinds}
-        for (kind, number), sheet in by_name.items():
-            bundle = (number - 1) // pieces
-            opening = f"{kind}, sheet {number}" + (f" · {sheet.notes[0]}" if pieces > 1 else "")
-            expect("the caption", sheet.caption, opening + caption)
-            begin = sum(shares[:bundle]) + 1
-            expect("the numbers of the squares", [int(note.split(".")[0]) for note in sheet.notes],
-                   list(range(begin, begin + shares[bundle])))
-            whole = by_name.get((kinds[-1], number), sheet)
-            for note, board in zip(sheet.notes, sheet.boards(order, whole.grid()), strict=True):
-                found[kind].setdefault(note, {}).update(board)
-        if kinds != ["Puzzles"]:
-            both = set(found[kinds[0]]) & set(found[kinds[-1]])
-            puzzles, answers = ([(note, found[kind][note]) for note in sorted(both)] for kind in (kinds[0], kinds[-1]))
-            check_squares(puzzles, answers, order, starts, distance)
-            expect("a square on both", bool(both), True)
-
-    def set_up(self, count, order, start, distance, mode, random):
+    def set_up(self, batch):
         """Enters what differs from the batch before, and has it made."""
         player = self.player
-        wanted = {"Size of Square": order, "Starting Number": start, "Distance": distance,
-                  "Print how many": count, **({"Allow how many": random} if random else {})}
-        if mode != self.settings.get("mode", BOTH):
-            player.click(player.find("menu item", "Print Options"))
-            player.click(player.find("menu item", mode))
-        if bool(random) != self.settings.get("random", False):
-            player.tab_to("check box", "Choose Random")
-            press("space")
-        for name, value in wanted.items():
-            if self.settings.get(name) != value:
+        if batch.mode != self.mode:
+            player.click_menu("Print Options", batch.mode)
+        if has(player.find("check box", "Choose Random"), State.CHECKED) != bool(batch.drawn_starts):
+            player.tick("Choose Random")
+        for name, value in batch.entries().items():
+            if self.entries.get(name) != value:
                 player.enter(name, value)
-        self.settings = {**self.settings, **wanted, "mode": mode, "random": bool(random)}
+        self.entries.update(batch.entries())
+        self.mode = batch.mode
         player.push("Create")
 
-    def nothing_printed(self):
-        self.set_up(0, 5, 1, 1, BOTH, 0)
+    @contextlib.contextmanager
+    def ordered(self, batch, path):
+        """While the dialog is open, with everything chosen; then the batch is made."""
+        self.set_up(batch)
+        with self.player.dialog("Print") as dialog:
+            if not batch.on_queue:
+                dialog.print_to(path)
+            if batch.upright:
+                dialog.turn_upright()
+            if batch.last or batch.copies > 1 or batch.reverse:
+                dialog.choose_sheets(batch.first, batch.last, batch.copies, batch.reverse)
+            yield
+            dialog.act("push button", "Print")
+
+    def look_at(self, batch, document, since):
+        printed = sheets.read(document)
+        self.sheets += len(printed)
+        self.squares += batch.check(printed, since)
+        return printed
+
+    def batch(self, batch):
+        earlier, since = self.queue.jobs(), datetime.date.today()
+        path = self.stage.scratch / f"{batch.name.replace(' ', '-')}.pdf"
+        with self.ordered(batch, path):
+            pass
+        wanted = batch.sheets()
+        where = f"sent to {self.queue.name}" if batch.on_queue else f"written to {path}"
+        self.player.wait_for_foot(f"{len(wanted)} sheet{'s' * (len(wanted) > 1)} {where}")
+        document = self.queue.document(earlier) if batch.on_queue else path
+        subprocess.run(["pdftoppm", "-r", "100", "-png", document, self.pictures / path.stem], check=True)
+        printed = self.look_at(batch, document, since)
+        expect("the sheets", [(sheet.kind, sheet.number) for sheet in printed], wanted)
+        if batch.cell and abs(printed[0].cell_width() - batch.cell) > 0.1:
+            raise Failure(f"saw cells {printed[0].cell_width():.2f} mm wide, where {batch.cell} mm was wanted")
+        print(f"  {batch.name}: {len(printed)} sheets, cells {printed[0].cell_width():.2f}")
+
+    def batches(self, what, rows):
+        print(what)
+        for row in rows:
+            try:
+                self.batch(row)
+            except Failure as failure:
+                raise Failure(f"{row.name}: {failure}") from failure
+
+    def told(self, beginning):
         with self.player.dialog("Quarvelle") as message:
-            message.find("label", "There is nothing to print")
+            message.find("label", beginning)
             message.act("push button", "OK")
         self.player.wait_for_title("Quarvelle")
+
+    def nothing_printed(self):
+        self.set_up(Batch("none", 0))
+        self.told("There is nothing to print")
         earlier = self.queue.jobs()
-        self.set_up(3, 5, 1, 1, BOTH, 0)
+        self.set_up(Batch("cancelled", 3))
         with self.player.dialog("Print") as dialog:
             dialog.act("push button", "Cancel")
         self.player.wait_for_foot("Cancelled")
-        expect("no job", self.queue.jobs(), earlier)
+        expect("the jobs", self.queue.jobs(), earlier)
         print("  nothing printed for a count of 0, nor when cancelled")
+
+    def begin_endless(self, name, path=None):
+        """So many squares that something can happen before they are all made."""
+        batch = Batch(name, 100000, bundles=4000, on_queue=not path)
+        with self.ordered(batch, path):
+            pass
+        see("some squares printed", lambda: re.search(r" 99\d\d\d out of ", self.player.title()))
+        return batch
+
+    def printer_gone(self):
+        with self.ordered(Batch("printer gone before", 3, on_queue=True), None):
+            self.queue.remove()
+        self.told(f"The printer {self.queue.name} did not take the sheets: There is no such printer any more")
+        self.queue.add("A4")
+        self.begin_endless("printer gone meanwhile")
+        self.queue.remove()
+        press("q")
+        self.told(f"The printer {self.queue.name} did not take the sheets: ")
+        print("  told that the printer was gone, when the dialog closed and when the sheets were made")
 
     def stopped(self):
         """Of a batch that a key stops, the full sheets come out."""
-        self.set_up(100000, 5, 1, 1, BOTH, 0)
-        path = self.stage.scratch / "stopped.pdf"
-        with self.player.dialog("Print") as dialog:
-            dialog.print_to(path)
-            dialog.act("push button", "Print")
-        self.player.wait_for_text("some squares printed", self.player.title, r"99\d\d\d out of")
+        path, since = self.stage.scratch / "stopped.pdf", datetime.date.today()
+        batch = self.begin_endless("stopped", path)
         press("q")
         foot = self.player.wait_for_foot("Stopped: ")
-        count, everything = map(int, re.fullmatch(rf"Stopped: (\d+) of (\d+) sheets written to {path}", foot).groups())
-        expect("all sheets", everything, 8000)
-        printed = sheets.read(path)
-        expect("the sheets told", len(printed), count)
-        self.check(printed, KINDS[BOTH], 100000, 4000, 1, 5, [1], Fraction(1), 0)
-        print(f"  stopped with q: {count} of {everything} sheets")
+        count, = re.fullmatch(rf"Stopped: (\d+) of 8000 sheets written to {path}", foot).groups()
+        expect("so many sheets", len(self.look_at(batch, path, since)), int(count))
+        print(f"  stopped with q: {count} of 8000 sheets")
+
+    def closed(self):
+        folder = self.stage.scratch / "closed"
+        folder.mkdir()
+        self.begin_endless("closed", folder / "closed.pdf")
+        press("alt+F4")
+        self.player.expect_end()
+        expect("files", list(folder.iterdir()), [])
 
     def everything(self):
-        print("Batches in files:")
-        self.batch("25 of 5 by 5", 25)
-        self.batch("sheets 2 to 5 twice and backwards", 60, bundles=3, first=2, last=5, copies=2, reverse=True)
-        self.batch("12 of 7 by 7", 12, order=7)
-        self.batch("25 of 7 by 7", 25, order=7, bundles=3, cell=10.35)
-        self.batch("two of 7 by 7", 2, order=7, cell=18)
-        self.batch("squares of 7 by 7", 13, order=7, bundles=2, mode="Print only completed Squares")
-        self.batch("puzzles in pieces", 1, order=31, pieces=2)
-        self.batch("random starting numbers", 30, start=10, random=4, bundles=2)
-        self.batch("negative fractional numbers", 7, start="-3.5", distance="0.25")
-        print("On a printer:")
-        self.batch("two of 7 by 7 on paper", 2, order=7, on_queue=True, cell=18)
-        self.batch("sheets 2 to 5 twice and backwards on paper", 60, bundles=3, on_queue=True, first=2, last=5,
-                   copies=2, reverse=True)
+        self.batches("Batches in files:", BATCHES)
+        self.batches("On a printer:", ON_PAPER)
+        self.queue.add("Letter")
+        self.batches("With other paper in it:", ON_LETTER)
         print("Ends:")
         self.nothing_printed()
         self.stopped()
-        self.player.choose("o", "q")
-        self.player.expect_end()
-
-
-def main(program, pictures):
-    pictures.mkdir(parents=True, exist_ok=True)
-    with contextlib.closing(Stage()) as stage:
-        try:
-            check = Check(stage, program, pictures)
-            with contextlib.closing(check.queue):
-                check.everything()
-        except Failure as failure:
-            subprocess.run(["import", "-window", "root", pictures / "failure.png"], check=True)
-            sys.exit(f"print-check failed: did not see {failure}\n{stage.said()}")
+        self.printer_gone()
+        self.closed()
+        print(f"{self.sheets} sheets with {self.squares} squares came out as expected.")
 
 
 if __name__ == "__main__":
-    main(sys.argv[1], pathlib.Path(sys.argv[2]))
-    print("All sheets came out as expected.")
+    folder = pathlib.Path(sys.argv[2])
+    with on_stage(folder) as stage, contextlib.closing(PrintQueue(stage, f"quarvelle-check-{os.getpid()}")) as queue:
+        Check(stage, sys.argv[1], folder, queue).everything()

@@ -4,6 +4,7 @@ technology, with nothing of the person's own settings. All of it ends with the s
 import contextlib
 import os
 import pathlib
+import re
 import signal
 import subprocess
 import sys
@@ -25,6 +26,21 @@ def wait(what, condition, seconds=60):
             raise Failure(f"did not see {what}")
         time.sleep(0.02)
     return seen
+
+
+def plain(value):
+    fractions = re.sub(r"Fraction\((-?\d+), (\d+)\)", r"\1/\2", repr(value))
+    return re.sub(r"/1\b", "", fractions)
+
+
+def expect(what, seen, wanted):
+    """Of two dictionaries, what differs is told."""
+    if seen == wanted:
+        return
+    if isinstance(seen, dict) and isinstance(wanted, dict):
+        differing = {key for key in {**seen, **wanted} if seen.get(key) != wanted.get(key)}
+        seen, wanted = ({key: value for key, value in side.items() if key in differing} for side in (seen, wanted))
+    raise Failure(f"saw {what} {plain(seen)}, where {plain(wanted)} was wanted")
 
 
 def end(process):
@@ -82,7 +98,7 @@ class Stage:
         return (self.scratch / "log").read_text(errors="replace")
 
     def picture(self, path):
-        subprocess.run(["import", "-window", "root", str(path)], check=True)
+        subprocess.run(["import", "-window", "root", path], check=True)
 
     def close(self):
         self._ends.close()
@@ -99,15 +115,19 @@ class Stage:
 
 @contextlib.contextmanager
 def on_stage(pictures):
-    """A stage; when something fails on it, a picture of it and its log are left in that folder."""
+    """A stage for a whole script. When that fails, it says why and leaves a picture and the log in that folder."""
     pictures.mkdir(parents=True, exist_ok=True)
-    left = [pictures / "failure.png", pictures / "failure.log"]
-    for file in left:
-        file.unlink(missing_ok=True)
-    with contextlib.closing(Stage()) as stage:
-        try:
-            yield stage
-        except Exception:
-            left[1].write_text(stage.said())
-            stage.picture(left[0])
-            raise
+    picture, log = pictures / "failure.png", pictures / "failure.log"
+    for left in (picture, log):
+        left.unlink(missing_ok=True)
+    try:
+        with contextlib.closing(Stage()) as stage:
+            try:
+                yield stage
+            except Exception:
+                log.write_text(stage.said())
+                stage.picture(picture)
+                print(f"{stage.said()}Left in {pictures}: {picture.name}, {log.name}", file=sys.stderr)
+                raise
+    except Failure as failure:
+        sys.exit(f"Failed: {failure}.")
