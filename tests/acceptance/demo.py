@@ -5,7 +5,7 @@ import pathlib
 import sys
 
 import solver
-from player import Player, press, type_text
+from player import Player, press, see, type_text
 from stage import on_stage
 
 EVERY_SHAPE = ["Include All Cross-Diagonals", "Include All Cross-Lines", "Include All Scattered-Cross-Diagonals",
@@ -59,7 +59,7 @@ class Story:
             press("Return")
             player.wait_for_score(order, 0, right, 0)
             board[cell] = number
-        player.wait_for_board("the answers on the board", lambda seen: seen == board)
+        see("the answers on the board", lambda: player.board() == board)
         print(f"  answered {count} blanks of a {order} by {order} square")
 
     def with_the_mouse(self):
@@ -72,7 +72,7 @@ class Story:
         for item, right in (("New Square", 3), ("Start Over", 0)):
             before = player.board()
             player.click_menu("Options", item)
-            player.wait_for_board("another square", lambda seen: seen != before)
+            see("another square", lambda: player.board() != before)
             player.wait_for_score(7, 0, right, 0)
         player.click_menu("Options", "Quit playing")
         player.wait_for_title("Quarvelle")

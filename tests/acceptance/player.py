@@ -64,13 +64,14 @@ class Player:
         """While a dialog of that title is there, the player looks at nothing else."""
         def look():
             return next((child for child in children(self._application)
-                         if child.get_name() == title and has(child, State.SHOWING)), None)
-        window, self.frame = self.frame, see(f"the dialog {title!r}", look)
+                         if child != window and child.get_name() == title and has(child, State.SHOWING)), None)
+        window = self.frame
+        self.frame = see(f"the dialog {title!r}", look)
         self.wait_for(self.frame, State.ACTIVE)
         yield self
         self.frame = window
         see(f"the dialog {title!r} go", lambda: not look())
-        self.wait_for(window, State.ACTIVE)
+        see("another window active", lambda: any(has(other, State.ACTIVE) for other in children(self._application)))
 
     def _all(self, root):
         yield root
@@ -86,15 +87,8 @@ class Player:
     def find(self, role, name):
         return see(f"the {role} {name!r}", lambda: self.all(role, name))[0]
 
-    def title(self):
-        return self.frame.get_name()
-
     def wait_for_title(self, title):
-        see(f"the title {title!r}", lambda: self.title() == title)
-
-    def wait_for_foot(self, beginning):
-        """The line at the window's foot, when it begins so."""
-        return self.find("status bar", beginning).get_name()
+        see(f"the title {title!r}", lambda: self.frame.get_name() == title)
 
     def wait_for_score(self, order, solved, right, wrong):
         self.wait_for_title(f"Number of ({order} by {order}) Complete Magic Square(s) solved: {solved}"
@@ -103,9 +97,6 @@ class Player:
     def wait_for(self, control, state, wanted=True):
         see(f"{control.get_role_name()} {control.get_name()!r} {'' if wanted else 'not '}{state.value_nick}",
             lambda: has(control, state) == wanted)
-
-    def text(self, box):
-        return Atspi.Text.get_text(box, 0, -1)
 
     def table(self):
         return self.find("table", "Puzzle of ")
@@ -117,9 +108,6 @@ class Player:
         names = [table.get_child_at_index(index).get_name() for index in range(order * order)]
         return {(index // order, index % order): None if name == "blank" else Fraction(name)
                 for index, name in enumerate(names)}
-
-    def wait_for_board(self, what, condition):
-        see(what, lambda: condition(self.board()))
 
     # --- Keyboard ---
 
@@ -135,10 +123,9 @@ class Player:
         raise Failure(f"saw Tab lead nowhere near {name!r}")
 
     def _focused(self):
-        for control in self._all(self.frame):
-            if has(control, State.FOCUSED) and control.get_role_name() != "menu bar":
-                return control.get_role_name(), control.get_name(), control.get_index_in_parent()
-        return None
+        return next(((control.get_role_name(), control.get_name(), control.get_index_in_parent())
+                     for control in self._all(self.frame)
+                     if has(control, State.FOCUSED) and control.get_role_name() != "menu bar"), None)
 
     def push(self, name):
         self.tab_to("push button", name)
@@ -155,7 +142,7 @@ class Player:
         box = self.tab_to("text", name)
         press("ctrl+a", "Delete")
         type_text(text)
-        see(f"{text!r} in the box {name!r}", lambda: self.text(box) == str(text))
+        see(f"{text!r} in the box {name!r}", lambda: Atspi.Text.get_text(box, 0, -1) == str(text))
 
     def choose(self, *items):
         """Menu items by their underlined letters, each when it shows."""
@@ -187,7 +174,7 @@ class Player:
             press("Return")
             board[cell] = number
             self.wait_for_score(order, int(right == blanks), right, wrong_answers)
-        self.wait_for_board("the next square", lambda board: None in board.values())
+        see("the next square", lambda: None in self.board().values())
         print(f"  solved a {order} by {order} square with {blanks} blanks")
 
     # --- Mouse ---
@@ -226,19 +213,16 @@ class Player:
         see("the file chosen", lambda: printers.get_name().startswith("Print to File"))
         file = self.find("text", "Output file")
         Atspi.EditableText.set_text_contents(file, str(path))
-        see("the file's name", lambda: self.text(file) == str(path))
-
-    def set_number(self, box, number):
-        Atspi.Value.set_current_value(box, number)
-        see(f"{number} in the box {box.get_name()!r}", lambda: Atspi.Value.get_current_value(box) == number)
+        see("the file's name", lambda: Atspi.Text.get_text(file, 0, -1) == str(path))
 
     def choose_sheets(self, first, last, copies, reverse):
         self.act("push button", "Options")
         self.act("radio button", "Pages from", State.CHECKED)
         see("the first and the last sheet", lambda: len(self.all("spin button", "Print range")) == 2)
-        for box, number in zip(reversed(self.all("spin button", "Print range")), (last, first)):
-            self.set_number(box, number)
-        self.set_number(self.find("spin button", "Copies"), copies)
+        ends = self.all("spin button", "Print range")
+        for box, number in zip([*reversed(ends), self.find("spin button", "Copies")], (last, first, copies)):
+            Atspi.Value.set_current_value(box, number)
+            see(f"{number} in the box {box.get_name()!r}", lambda: Atspi.Value.get_current_value(box) == number)
         if reverse:
             self.act("check box", "Reverse", State.CHECKED)
 
@@ -260,8 +244,7 @@ class Player:
         print("  ended with exit code 0, nothing left running")
 
     def _nothing_runs(self):
-        try:
+        with contextlib.suppress(ProcessLookupError):
             os.killpg(self.process.pid, 0)
-        except ProcessLookupError:
-            return True
-        return False
+            return False
+        return True

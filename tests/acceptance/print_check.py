@@ -2,13 +2,13 @@
 to expect. Pictures of the sheets go to the folder given second; the first argument is the program."""
 
 import contextlib
-import dataclasses
 import datetime
 import os
 import pathlib
 import re
 import subprocess
 import sys
+import types
 from fractions import Fraction
 
 import sheets
@@ -22,40 +22,20 @@ KINDS = {"Print only completed Squares": ["Squares"], "Print only Puzzles": ["Pu
 BOTH = "Print both Puzzles and Answers"
 
 
-@dataclasses.dataclass
-class Batch:
+DEFAULTS = {
+    "order": 5, "start": "1", "distance": "1", "blanks": 100, "drawn_starts": 0, "mode": BOTH, "on_queue": False,
+    "upright": False, "first": 1, "last": None, "copies": 1, "reverse": False, "paper": (297, 210), "cell": None,
+    # So many sheets, or squares in pieces, share the squares. Each sheet has its answers.
+    "bundles": 1, "pieces": 1}
+
+
+class Batch(types.SimpleNamespace):
     """What is asked for, and what is to come of it."""
-    name: str
-    count: int
-    order: int = 5
-    start: str = "1"
-    distance: str = "1"
-    blanks: int = 100
-    drawn_starts: int = 0
-    mode: str = BOTH
-    on_queue: bool = False
-    upright: bool = False
-    first: int = 1
-    last: int = None
-    copies: int = 1
-    reverse: bool = False
-    bundles: int = 1  # so many sheets share the squares, each with its answers, or so many squares the sheets
-    pieces: int = 1  # of a square, each a sheet
-    paper: tuple = (297, 210)
-    cell: float = None
 
-    @property
-    def kinds(self):
-        return KINDS[self.mode]
-
-    @property
-    def starts(self):
-        return [Fraction(self.start) + k for k in range(self.drawn_starts or 1)]
-
-    def entries(self):
-        drawn = {"Allow how many": self.drawn_starts} if self.drawn_starts else {}
-        return {"Size of Square": self.order, "Starting Number": self.start, "Distance": self.distance,
-                "Leave how many": self.blanks, "Print how many": self.count, **drawn}
+    def __init__(self, name, count, **particulars):
+        super().__init__(name=name, count=count, **{**DEFAULTS, **particulars})
+        self.kinds = KINDS[self.mode]
+        self.starts = [Fraction(self.start) + k for k in range(self.drawn_starts or 1)]
 
     def sheets(self):
         everything = [(kind, sheet) for sheet in range(1, self.bundles * self.pieces + 1) for kind in self.kinds]
@@ -75,7 +55,8 @@ class Batch:
             f"{sheet.kind}, sheet {sheet.number}", *(sheet.notes if self.pieces > 1 else []),
             f"{self.order} by {self.order}",
             f"first number{'s from' if self.drawn_starts else ''} {solver.text(self.starts[0])}",
-            f"distance {solver.text(Fraction(self.distance))}", *(["challenging"] if "Puzzles" in self.kinds else [])])
+            f"distance {solver.text(Fraction(self.distance))}",
+            *(["challenging"] if "Puzzles" in self.kinds else [])])
 
     def check(self, printed, since):
         """Returns how many different squares were there."""
@@ -100,7 +81,8 @@ class Batch:
         solved = {**puzzle, **dict(solver.solve(puzzle, total, solver.lines(self.order)))}
         blanks = list(puzzle.values()).count(None)
         expect(f"blanks in {note}", 0 < blanks <= self.blanks, "Puzzles" in self.kinds)
-        expect(f"the answers of {note}", solved, square or solved)
+        differing = [cell for cell in solved if square and solved[cell] != square[cell]]
+        expect(f"wrong answers in {note} at", differing, [])
         start = min(solved.values())
         expect(f"the first number {start} among those of {note}", start in self.starts, True)
         expect(f"the total of {note}", total, solver.magic_total(self.order, start, self.distance))
@@ -110,26 +92,24 @@ class Batch:
         expect(f"the sums in {note}", {sum(solved[cell] for cell in line) for line in lines}, {total})
 
 
-BATCHES = [
+IN_FILES = [
     Batch("25 of 5 by 5", 25),
     Batch("sheets 2 to 5 twice and backwards", 60, bundles=3, first=2, last=5, copies=2, reverse=True),
     Batch("12 of 7 by 7", 12, order=7),
     Batch("25 of 7 by 7", 25, order=7, bundles=3, cell=10.35),
     Batch("two of 7 by 7", 2, order=7, cell=18),
-    Batch("two of 7 by 7 upright", 2, order=7, upright=True, paper=(210, 297)),
     Batch("squares of 7 by 7", 13, order=7, bundles=2, mode="Print only completed Squares"),
     Batch("puzzles with few blanks", 12, order=7, blanks=6, mode="Print only Puzzles"),
     Batch("puzzles in pieces", 1, order=31, pieces=2),
     Batch("random starting numbers", 30, start="10", drawn_starts=4, bundles=2),
-    Batch("negative fractional numbers", 7, start="-3.5", distance="0.25"),
-]
-ON_PAPER = [
+    Batch("negative fractional numbers", 7, start="-3.5", distance="0.25")]
+ON_A4 = [
     Batch("two of 7 by 7 on paper", 2, order=7, on_queue=True, cell=18),
     Batch("sheets 2 to 5 twice and backwards on paper", 60, bundles=3, on_queue=True, first=2, last=5, copies=2,
-          reverse=True),
-]
-ON_LETTER = [Batch("on Letter", 12, order=7, on_queue=True, paper=(279, 216)),
-             Batch("on upright Letter", 12, order=7, on_queue=True, upright=True, paper=(216, 279))]
+          reverse=True)]
+ON_LETTER = [
+    Batch("Letter", 25, order=7, bundles=3, on_queue=True, paper=(279, 216)),
+    Batch("upright Letter", 12, order=7, on_queue=True, upright=True, paper=(216, 279))]
 
 
 class Check:
@@ -146,10 +126,12 @@ class Check:
             player.click_menu("Print Options", batch.mode)
         if has(player.find("check box", "Choose Random"), State.CHECKED) != bool(batch.drawn_starts):
             player.tick("Choose Random")
-        for name, value in batch.entries().items():
+        for name, value in {"Size of Square": batch.order, "Starting Number": batch.start,
+                            "Distance": batch.distance, "Leave how many": batch.blanks,
+                            "Print how many": batch.count, "Allow how many": batch.drawn_starts or 3}.items():
             if self.entries.get(name) != value:
                 player.enter(name, value)
-        self.entries.update(batch.entries())
+            self.entries[name] = value
         self.mode = batch.mode
         player.push("Create")
 
@@ -180,14 +162,14 @@ class Check:
             pass
         wanted = batch.sheets()
         where = f"sent to {self.queue.name}" if batch.on_queue else f"written to {path}"
-        self.player.wait_for_foot(f"{len(wanted)} sheet{'s' * (len(wanted) > 1)} {where}")
+        self.player.find("status bar", f"{len(wanted)} sheet{'s' * (len(wanted) > 1)} {where}")
         document = self.queue.document(earlier) if batch.on_queue else path
         subprocess.run(["pdftoppm", "-r", "100", "-png", document, self.pictures / path.stem], check=True)
         printed = self.look_at(batch, document, since)
         expect("the sheets", [(sheet.kind, sheet.number) for sheet in printed], wanted)
         if batch.cell and abs(printed[0].cell_width() - batch.cell) > 0.1:
             raise Failure(f"saw cells {printed[0].cell_width():.2f} mm wide, where {batch.cell} mm was wanted")
-        print(f"  {batch.name}: {len(printed)} sheets, cells {printed[0].cell_width():.2f}")
+        print(f"  {batch.name}: {len(printed)} sheet{'s' * (len(printed) > 1)}")
 
     def batches(self, what, rows):
         print(what)
@@ -210,7 +192,7 @@ class Check:
         self.set_up(Batch("cancelled", 3))
         with self.player.dialog("Print") as dialog:
             dialog.act("push button", "Cancel")
-        self.player.wait_for_foot("Cancelled")
+        self.player.find("status bar", "Cancelled")
         expect("the jobs", self.queue.jobs(), earlier)
         print("  nothing printed for a count of 0, nor when cancelled")
 
@@ -219,7 +201,7 @@ class Check:
         batch = Batch(name, 100000, bundles=4000, on_queue=not path)
         with self.ordered(batch, path):
             pass
-        see("some squares printed", lambda: re.search(r" 99\d\d\d out of ", self.player.title()))
+        see("some squares printed", lambda: re.search(r" 99\d\d\d out of ", self.player.frame.get_name()))
         return batch
 
     def printer_gone(self):
@@ -233,34 +215,30 @@ class Check:
         self.told(f"The printer {self.queue.name} did not take the sheets: ")
         print("  told that the printer was gone, when the dialog closed and when the sheets were made")
 
-    def stopped(self):
-        """Of a batch that a key stops, the full sheets come out."""
-        path, since = self.stage.scratch / "stopped.pdf", datetime.date.today()
-        batch = self.begin_endless("stopped", path)
-        press("q")
-        foot = self.player.wait_for_foot("Stopped: ")
-        count, = re.fullmatch(rf"Stopped: (\d+) of 8000 sheets written to {path}", foot).groups()
-        expect("so many sheets", len(self.look_at(batch, path, since)), int(count))
-        print(f"  stopped with q: {count} of 8000 sheets")
-
-    def closed(self):
-        folder = self.stage.scratch / "closed"
-        folder.mkdir()
-        self.begin_endless("closed", folder / "closed.pdf")
-        press("alt+F4")
-        self.player.expect_end()
-        expect("files", list(folder.iterdir()), [])
+    def stopped(self, key):
+        """The full sheets of a batch that a key ends come out."""
+        path, since = self.stage.scratch / f"{key}.pdf", datetime.date.today()
+        batch = self.begin_endless(key, path)
+        press(key)
+        if key == "q":
+            foot = self.player.find("status bar", "Stopped: ").get_name()
+        else:
+            self.player.expect_end()
+        printed = len(self.look_at(batch, path, since))
+        if key == "q":
+            expect("the line at the foot", foot, f"Stopped: {printed} of 8000 sheets written to {path}")
+        print(f"  stopped with {key}: {printed} of 8000 sheets")
 
     def everything(self):
-        self.batches("Batches in files:", BATCHES)
-        self.batches("On a printer:", ON_PAPER)
+        self.batches("Batches in files:", IN_FILES)
+        self.batches("On a printer:", ON_A4)
         self.queue.add("Letter")
-        self.batches("With other paper in it:", ON_LETTER)
+        self.batches("With Letter paper in it:", ON_LETTER)
         print("Ends:")
         self.nothing_printed()
-        self.stopped()
+        self.stopped("q")
         self.printer_gone()
-        self.closed()
+        self.stopped("alt+F4")
         print(f"{self.sheets} sheets with {self.squares} squares came out as expected.")
 
 

@@ -11,9 +11,6 @@ import sys
 import tempfile
 import time
 
-KEPT = ("PATH", "LANG", "LC_ALL", "LOCPATH", "TZ")
-
-
 class Failure(Exception):
     """Something that was to be seen was not; told in a sentence."""
 
@@ -28,19 +25,10 @@ def wait(what, condition, seconds=60):
     return seen
 
 
-def plain(value):
-    fractions = re.sub(r"Fraction\((-?\d+), (\d+)\)", r"\1/\2", repr(value))
-    return re.sub(r"/1\b", "", fractions)
-
-
 def expect(what, seen, wanted):
-    """Of two dictionaries, what differs is told."""
-    if seen == wanted:
-        return
-    if isinstance(seen, dict) and isinstance(wanted, dict):
-        differing = {key for key in {**seen, **wanted} if seen.get(key) != wanted.get(key)}
-        seen, wanted = ({key: value for key, value in side.items() if key in differing} for side in (seen, wanted))
-    raise Failure(f"saw {what} {plain(seen)}, where {plain(wanted)} was wanted")
+    if seen != wanted:
+        said = f"saw {what} {seen}, where {wanted} was wanted"
+        raise Failure(re.sub(r"Fraction\((-?\d+), (\d+)\)", r"\1/\2", said).replace("/1,", ","))
 
 
 def end(process):
@@ -67,7 +55,7 @@ class Stage:
             self._ends = self._ends.pop_all()
 
     def _set(self, size):
-        kept = {name: os.environ[name] for name in KEPT if name in os.environ}
+        kept = {name: os.environ[name] for name in ("PATH", "LANG", "LC_ALL", "LOCPATH", "TZ") if name in os.environ}
         runtime = self.scratch / "run"
         runtime.mkdir(mode=0o700)
         os.environ.clear()
@@ -117,17 +105,14 @@ class Stage:
 def on_stage(pictures):
     """A stage for a whole script. When that fails, it says why and leaves a picture and the log in that folder."""
     pictures.mkdir(parents=True, exist_ok=True)
-    picture, log = pictures / "failure.png", pictures / "failure.log"
-    for left in (picture, log):
-        left.unlink(missing_ok=True)
-    try:
-        with contextlib.closing(Stage()) as stage:
-            try:
-                yield stage
-            except Exception:
-                log.write_text(stage.said())
-                stage.picture(picture)
-                print(f"{stage.said()}Left in {pictures}: {picture.name}, {log.name}", file=sys.stderr)
+    for left in pictures.glob("failure.*"):
+        left.unlink()
+    with contextlib.closing(Stage()) as stage:
+        try:
+            yield stage
+        except Exception as failure:
+            (pictures / "failure.log").write_text(stage.said())
+            stage.picture(pictures / "failure.png")
+            if not isinstance(failure, Failure):
                 raise
-    except Failure as failure:
-        sys.exit(f"Failed: {failure}.")
+            sys.exit(f"{stage.said()}Failed: {failure}. Left of it: {pictures}/failure.png and failure.log")
