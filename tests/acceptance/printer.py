@@ -11,11 +11,7 @@ CONFIGURATION = {
     "cupsd.conf": """Listen {root}/socket
 LogLevel warn
 Browsing Off
-WebInterface No
 DefaultAuthType None
-<Location />
-Allow all
-</Location>
 <Policy default>
 <Limit All>
 Allow all
