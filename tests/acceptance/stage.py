@@ -27,8 +27,9 @@ def wait(what, condition, seconds=60):
 
 def expect(what, seen, wanted):
     if seen != wanted:
-        said = f"saw {what} {seen}, where {wanted} was wanted"
-        raise Failure(re.sub(r"Fraction\((-?\d+), (\d+)\)", r"\1/\2", said).replace("/1,", ","))
+        said = f"saw {seen} as {what}, where {wanted} was wanted"
+        said = re.sub(r"Fraction\((-?\d+), 1\)", r"\1", said)
+        raise Failure(re.sub(r"Fraction\((-?\d+), (\d+)\)", r"\1/\2", said))
 
 
 def end(process):
