@@ -11,6 +11,7 @@ import sys
 import tempfile
 import time
 
+
 class Failure(Exception):
     """Something that was to be seen was not; told in a sentence."""
 
