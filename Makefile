@@ -1,4 +1,4 @@
-.PHONY: help run package package-check windows test demo robot bench print-check lint
+.PHONY: help run package package-check windows windows-check test demo robot bench print-check lint
 
 help: ## Say what there is to make
 	@sed -n 's/^\([a-z-]*\):.*## /make \1\t/p' $(MAKEFILE_LIST)
@@ -11,12 +11,21 @@ package: ## Make the Debian package
 	packaging/debian/build.sh
 
 package-check: package ## Validate the Debian package, build it again, install it in a bare system and remove it
-	@packaging/install-packages.sh package-check
-	@tests/acceptance/package-check
+	@packaging/install-packages.sh demo package-check
+	@# Only root may make a root.
+	@mkdir -p build/package-check
+	@$$([ "$$(id -u)" -eq 0 ] || echo sudo) /usr/bin/python3 -B tests/acceptance/package_check.py build/package/quarvelle_*.deb build/package-check
 
 windows: ## Make the Windows program and its installer
 	@packaging/install-packages.sh build windows
 	packaging/windows/build.sh
+
+windows-check: windows ## Install the Windows program under Wine, use it and remove it, and run the engine's tests there
+	@packaging/install-packages.sh demo print-check windows-check
+	cmake build/windows/tree -DBUILD_TESTING=ON
+	cmake --build build/windows/tree --target engine_tests puzzle_tests
+	@# The printer gives its sheets to nobody but root.
+	@$$([ "$$(id -u)" -eq 0 ] || echo sudo) /usr/bin/python3 -Bu tests/acceptance/windows_check.py build/windows build/windows-check
 
 test: ## Build the tests with the sanitizers and run them
 	@packaging/install-packages.sh build test
@@ -51,8 +60,9 @@ print-check: ## Print batches on a print queue of its own and into files, and ch
 	cmake --build --preset release --target quarvelle
 	@/usr/bin/python3 -B tests/acceptance/print_check.py build/release/app/quarvelle build/print-check
 
-lint: ## Check the layout and the pitfalls of the code
+lint: ## Check the layout and the pitfalls of the code, and how much of it is tests
 	@packaging/install-packages.sh build lint
+	@tests/share.sh
 	cmake --preset dev
 	cmake --build --preset dev
 	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror

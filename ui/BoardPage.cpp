@@ -30,6 +30,9 @@ void BoardPage::beginPuzzle() {
 }
 
 void BoardPage::endPuzzle() {
+    // Hidden with the keyboard, the box would leave it to nobody.
+    if (window()->focusWidget() == &answerBox())
+        setFocus();
     // No cell that goes has the focus.
     if (QAccessible::isActive() && hasPuzzle() && hasFocus())
         tell(QAccessible::queryAccessibleInterface(this), QAccessible::Focus);
@@ -107,8 +110,11 @@ void BoardPage::paintAbove(QPainter& painter) {
     } else if (hasPuzzle()) {
         constexpr int thickness = 2;
         const QRect inside = cellArea(m_state.selectedRow, m_state.selectedColumn).adjusted(1, 1, -1, -1);
-        const QRegion frame = QRegion(inside) - inside.adjusted(thickness, thickness, -thickness, -thickness);
-        for (const QRect& side : frame)
+        const int across = inside.width() - thickness;
+        const int down = inside.height() - thickness;
+        // Each side has its corners: enlarged, areas keep a little off each other.
+        for (const QRect& side : {inside.adjusted(0, 0, -across, 0), inside.adjusted(across, 0, 0, 0),
+                                  inside.adjusted(0, 0, 0, -down), inside.adjusted(0, down, 0, 0)})
             grid.fill(painter, side, QColor(0, 96, 224));
     }
 }

@@ -29,7 +29,8 @@ VIAddVersionKey LegalCopyright "The Quarvelle developers. All rights reserved un
 !insertmacro MUI_LANGUAGE English
 
 !define START_MENU_ENTRY "$SMPROGRAMS\Quarvelle.lnk"
-!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Quarvelle"
+!define UNINSTALL_KEYS "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+!define UNINSTALL_KEY "${UNINSTALL_KEYS}\Quarvelle"
 
 ; A running program's file can't be replaced or deleted.
 !macro RefuseWhileRunning
@@ -71,4 +72,7 @@ Section Uninstall
   RMDir "$INSTDIR"
   Delete "${START_MENU_ENTRY}"
   DeleteRegKey HKCU "${UNINSTALL_KEY}"
+  ; What all such programs share goes with the last of them.
+  RMDir "$LOCALAPPDATA\Programs"
+  DeleteRegKey /ifempty HKCU "${UNINSTALL_KEYS}"
 SectionEnd

@@ -10,6 +10,12 @@ class PlayTest : public WindowFixture {
 protected:
     const std::set<Cell> m_blanks{{2, 1}, {5, 1}, {2, 4}, {4, 4}};
 
+    /// As a key that is held down repeats itself.
+    void holdEnter() {
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "", true);
+        QApplication::sendEvent(window().focusWidget(), &repeated);
+    }
+
     /// Lets the player act when the first square has come, and again whenever the run would wait, until `Q`.
     void play(const std::function<void()>& player) {
         events.onWait = [this, player, first = true]() mutable {
@@ -36,6 +42,62 @@ protected:
     }
 };
 
+TEST_F(PlayTest, OpensTheBoxOnTheBlankPressed) {
+    // The board is 120 pixels wide and 90 high, from (8, 8) on; a grid line belongs to the cell that follows.
+    const struct {
+        QPoint point;
+        Cell opened; ///< by then
+    } presses[] = {{{32, 8}, {2, 1}},  {{31, 8}, {2, 1}},  {{127, 25}, {5, 1}}, {{128, 8}, {5, 1}},
+                   {{55, 79}, {2, 4}}, {{32, 98}, {2, 4}}, {{104, 7}, {2, 4}},  {{80, 62}, {4, 4}},
+                   {{7, 62}, {4, 4}},  {{56, 62}, {4, 4}}, {{8, 62}, {1, 4}}};
+    play([&] {
+        for (const Cell blank : {Cell(1, 4), Cell(6, 1), Cell(2, 6)}) // two of them beyond the board
+            cellAt(state().puzzle, blank) = emptyMarker;
+        for (const auto& [point, opened] : presses) {
+            const QRectF pixel = window().boardPage().shown({point, QSize(1, 1)});
+            QTest::mouseClick(&window().boardPage(), Qt::LeftButton, {}, pixel.topLeft().toPoint());
+            SCOPED_TRACE(std::to_string(point.x()) + "," + std::to_string(point.y()));
+            EXPECT_EQ(Cell(state().selectedRow, state().selectedColumn), opened);
+            EXPECT_TRUE(answerBox().isVisible());
+        }
+        pressKey(Qt::Key_Q);
+    });
+}
+
+TEST_F(PlayTest, CountsEachAnswerOnceInTheTitle) {
+    const std::string right = " Complete Magic Square(s) solved: 0 / Numbers correct: ",
+                      wrong = " / Numbers incorrect: ";
+    play([&] {
+        holdEnter();
+        EXPECT_TRUE(answerBox().isHidden()) << "the key that started the run is still down";
+        pressKey(Qt::Key_Return);
+        for (const auto& [typed, count] : {std::pair{".", "0"}, {"0", "1"}, {"00", "1"}, {"99", "2"}}) {
+            typeText(typed);
+            holdEnter();
+            EXPECT_EQ(answerBox().text(), typed);
+            pressKey(Qt::Key_Return);
+            EXPECT_EQ(title(), "Number of (5 by 5)" + right + "0" + wrong + count);
+        }
+        enterRightAnswer();
+        EXPECT_EQ(title(), "Number of (5 by 5)" + right + "1" + wrong + "2");
+        pressKey(Qt::Key_Q);
+    });
+}
+
+TEST_F(PlayTest, IsRefusedWhereTidyingLeavesNoBoard) {
+    events.onYield = [this](int) {
+        ADD_FAILURE() << "a run";
+        pressKey(Qt::Key_Q);
+    };
+    enter("29", "300", "-0.25"); // The distance becomes 1 and the last number 1140.
+    click(page().Command4);
+    EXPECT_EQ(menus().pages->currentIndex(), Page::main);
+    EXPECT_EQ(window().focusWidget(), page().Text2) << "where the size can be changed";
+    enter("5", "1", "1");
+    page().text4->setText("1E+200");
+    click(page().Command4);
+}
+
 TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
     constexpr const char* closed = nullptr;
     const struct {
@@ -44,37 +106,24 @@ TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
         Cell cell;           ///< selected then
         const char* typed{}; ///< in the box then, if it is open
     } rows[] = {
-        {Qt::Key_Home, {}, {2, 1}},
-        {Qt::Key_Tab, {}, {5, 1}},
-        {Qt::Key_Tab, {}, {2, 4}},
-        {Qt::Key_End, {}, {4, 4}},
-        {Qt::Key_Tab, {}, {2, 1}},
-        {Qt::Key_Backtab, Qt::ShiftModifier, {4, 4}},
-        {Qt::Key_Right, Qt::KeypadModifier, {5, 4}},
-        {Qt::Key_Right, {}, {1, 4}},
-        {Qt::Key_Left, Qt::ControlModifier, {4, 4}},
-        {Qt::Key_Left, Qt::ControlModifier, {2, 4}},
-        {Qt::Key_Up, Qt::ControlModifier, {2, 1}},
-        {Qt::Key_Up, {}, {2, 5}},
+        // clang-format off
+        {Qt::Key_Home, {}, {2, 1}}, {Qt::Key_Tab, {}, {5, 1}}, {Qt::Key_Tab, {}, {2, 4}},
+        {Qt::Key_End, {}, {4, 4}}, {Qt::Key_Tab, {}, {2, 1}}, {Qt::Key_Backtab, Qt::ShiftModifier, {4, 4}},
+        {Qt::Key_Right, Qt::KeypadModifier, {5, 4}}, {Qt::Key_Right, {}, {1, 4}},
+        {Qt::Key_Left, Qt::ControlModifier, {4, 4}}, {Qt::Key_Left, Qt::ControlModifier, {2, 4}},
+        {Qt::Key_Up, Qt::ControlModifier, {2, 1}}, {Qt::Key_Up, {}, {2, 5}},
         {Qt::Key_Right, Qt::ControlModifier, {2, 5}}, // no blank that way
-        {Qt::Key_Return, {}, {2, 5}},                 // nor here
-        {Qt::Key_7, {}, {2, 5}},
-        {Qt::Key_Down, {}, {2, 1}},
-        {Qt::Key_Minus, {}, {2, 1}, "-"},
-        {Qt::Key_7, {}, {2, 1}, "-7"},
-        {Qt::Key_Left, {}, {2, 1}, "-7"},
-        {Qt::Key_Right, {}, {2, 1}, "-7"},
-        {Qt::Key_Right, {}, {5, 1}, closed},
-        {Qt::Key_F2, {}, {5, 1}, ""},
-        {Qt::Key_3, {}, {5, 1}, "3"},
+        {Qt::Key_Return, {}, {2, 5}}, {Qt::Key_7, {}, {2, 5}}, // nor here
+        {Qt::Key_Down, {}, {2, 1}}, {Qt::Key_Minus, {}, {2, 1}, "-"}, {Qt::Key_7, {}, {2, 1}, "-7"},
+        {Qt::Key_7, {}, {2, 1}, "-7"}, // no number is longer
+        {Qt::Key_Left, {}, {2, 1}, "-7"}, {Qt::Key_Right, {}, {2, 1}, "-7"}, {Qt::Key_Right, {}, {5, 1}, closed},
+        {Qt::Key_F2, {}, {5, 1}, ""}, {Qt::Key_3, {}, {5, 1}, "3"},
         {Qt::Key_Down, {}, {5, 1}, "3"}, // no other blank that way
-        {Qt::Key_Home, {}, {5, 1}, "3"},
-        {Qt::Key_Left, Qt::ShiftModifier, {5, 1}, "3"},
-        {Qt::Key_Escape, {}, {5, 1}, closed},
-        {Qt::Key_Space, {}, {5, 1}, ""},
+        {Qt::Key_Home, {}, {5, 1}, "3"}, {Qt::Key_Left, Qt::ShiftModifier, {5, 1}, "3"},
+        {Qt::Key_Escape, {}, {5, 1}, closed}, {Qt::Key_Space, {}, {5, 1}, ""},
         {Qt::Key_Backtab, Qt::ShiftModifier, {2, 1}, closed},
-        {Qt::Key_Enter, Qt::KeypadModifier, {2, 1}, ""},
-        {Qt::Key_Up, {}, {2, 4}, closed},
+        {Qt::Key_Enter, Qt::KeypadModifier, {2, 1}, ""}, {Qt::Key_Up, {}, {2, 4}, closed},
+        // clang-format on
     };
     play([&] {
         for (const auto& row : rows) {
@@ -86,6 +135,13 @@ TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
             EXPECT_EQ(answerBox().text(), row.typed);
             EXPECT_EQ(window().focusWidget() == &answerBox(), row.typed != nullptr);
             EXPECT_EQ(window().focusWidget() == &window().boardPage(), row.typed == nullptr);
+            const QRect cell = window()
+                                   .boardPage()
+                                   .shown(window().boardPage().cellArea(row.cell.row, row.cell.column))
+                                   .toRect();
+            const QImage board = window().boardPage().grab().toImage();
+            for (const QPoint corner : {cell.topLeft() + QPoint(2, 2), cell.bottomRight() - QPoint(2, 2)})
+                EXPECT_EQ(board.pixelColor(corner) == QColor(0, 96, 224), row.typed == nullptr) << "the mark";
         }
         pressKey(Qt::Key_Q);
     });
@@ -95,10 +151,8 @@ TEST_F(PlayTest, HasShortcutsThatNoBoxSwallows) {
     for (const auto& [key, request] : {std::pair{Qt::Key_N, Request::abandon},
                                        {Qt::Key_R, Request::abandon},
                                        {Qt::Key_Q, Request::stop}}) {
-        state().numbersIncorrect = 0;
         play([&] {
-            if (state().stopRequested == Request::playing && answerBox().isHidden())
-                pressKey(Qt::Key_F2);
+            pressKey(Qt::Key_F2);
             state().numbersIncorrect = 1;
             QTest::keyClick(window().focusWidget(), key, Qt::ControlModifier);
             EXPECT_EQ(state().stopRequested, request);
@@ -119,7 +173,6 @@ TEST_F(PlayTest, IsHeardWithoutAScreen) {
         EXPECT_TRUE(news().starts_with(solved + "New square of 5 by 5. Blanks: ")) << news();
         if (square == 2)
             return pressKey(Qt::Key_Q);
-        ASSERT_EQ(board->tableInterface()->rowCount(), 5);
         pressKey(Qt::Key_End);
         QAccessibleInterface* cell = board->focusChild();
         EXPECT_EQ(textOf(cell), "blank");
@@ -129,6 +182,7 @@ TEST_F(PlayTest, IsHeardWithoutAScreen) {
         typeText("99");
         pressKey(Qt::Key_Return);
         EXPECT_EQ(textOf(QAccessible::queryAccessibleInterface(&answerBox())), "Row 4, column 4");
+        EXPECT_TRUE(cell->rect().contains(answerBox().mapToGlobal(answerBox().rect().center())));
         EXPECT_EQ(news(), "99 is wrong. Numbers incorrect: 1");
         enterRightAnswer();
         EXPECT_EQ(textOf(cell), numberText(cellAt(state().square, {4, 4})));

@@ -6,7 +6,6 @@
 #include <QProgressBar>
 #include <QTemporaryDir>
 #include <csignal>
-#include <numeric>
 #include <ranges>
 #include <sys/resource.h>
 
@@ -21,201 +20,257 @@
 
 namespace quarvelle::testing {
 
+/// A batch with every property, and what comes of it.
+struct PrintedBatch {
+    int mode = PuzzleMode::both;
+    int order = 5;
+    const char* start = "1";
+    const char* distance = "1";
+    const char* random = ""; ///< how many random starts are asked for, if any
+    double steps = 0;        ///< from the typed start to the highest with as many digits in its numbers
+    bool shades = true;      ///< the answers
+    int count = 1;
+    std::size_t sheets = 0;
+    double cell = 0; ///< its width on paper, in millimetres
+
+    std::string size() const { return numberText(order) + " by " + numberText(order); }
+    std::size_t views() const { return mode == PuzzleMode::both ? 2 : 1; }
+    std::string caption(std::size_t view, std::size_t sheet, const QString& note, double first) const {
+        const char* const name = mode == PuzzleMode::answers ? "Squares" : view == 0 ? "Puzzles" : "Answers";
+        return name + std::string(", sheet ") + std::to_string(sheet) + note.toStdString() + " · " + size() +
+               (*random ? " · first numbers from " : " · first number ") + numberText(first) +
+               " · distance " + distance + (mode == PuzzleMode::answers ? "" : " · challenging") +
+               " · 2026-11-23";
+    }
+};
+
 class BatchTest : public WindowFixture {
 protected:
-    /// The squares on every `step`th sheet from the `first` on, in order, their pieces put together and with
-    /// the notes of their captions. `settings` are the end of each caption.
-    std::vector<ShownBoard> squaresOf(const std::string& view, std::size_t first, std::size_t step,
-                                      const std::string& settings) {
-        const int n = state().squareSize, columns = state().visibleColumns, rows = state().visibleRows;
-        const int across = (n + columns - 1) / columns, pieces = across * ((n + rows - 1) / rows);
-        const int width = static_cast<int>(state().cellWidth);
+    void print(const char* order, int count) {
+        type(page().Text2, order);
+        type(page().Text1, QString::number(count));
+        click(page().Command1);
+    }
+    void print(const PrintedBatch& batch) {
+        for (QCheckBox* box : window().findChildren<QCheckBox*>())
+            box->setChecked(true);
+        QAction* const modes[] = {menus().panswers, menus().ppuzzles, menus().pboth};
+        modes[batch.mode]->trigger();
+        (batch.shades ? menus().highlighted : menus().nhighlighted)->trigger();
+        page().Check1->setChecked(*batch.random != '\0');
+        type(page().Text7, batch.random);
+        type(page().Text3, "300");
+        type(page().text4, batch.start);
+        type(page().Text5, batch.distance);
+        print(numberText(batch.order).c_str(), batch.count);
+    }
+
+    /// The squares of a view, in order, their pieces put together and with the notes of their captions.
+    std::vector<ShownBoard> squaresOf(const PrintedBatch& batch, std::size_t view) {
+        const int columns = state().visibleColumns, rows = state().visibleRows;
+        const int across = (batch.order + columns - 1) / columns;
+        const int pieces = across * ((batch.order + rows - 1) / rows);
         std::vector<ShownBoard> squares;
         int piece = 0;
-        for (std::size_t i = first; i < printer.sheets.size(); i += step) {
+        for (std::size_t i = view; i < printer.sheets.size(); i += batch.views()) {
             const FakePrinter::Printed& sheet = printer.sheets[i];
-            const std::string opening = view + ", sheet " + std::to_string(i / step + 1) + " · ";
-            EXPECT_TRUE(sheet.caption.starts_with(opening) && sheet.caption.ends_with(settings))
-                << sheet.caption;
-            QRect covered;
-            for (const auto& [area, label, numbers, shaded] : boardsOf(sheet.drawing, state())) {
-                const int left = piece % across * columns, top = piece / across * rows;
-                covered |= area;
-                if (pieces > 1) {
-                    EXPECT_EQ(label.text, QString("%1,%2").arg(left / columns + 1).arg(top / rows + 1));
-                    EXPECT_EQ(label.point, QPoint(14 + width * columns, 8));
-                    const double labelWidth = QFontMetricsF(boardFont()).horizontalAdvance(label.text);
-                    EXPECT_GE(sheet.content.right(), label.point.x() + labelWidth);
-                }
-                if (piece == 0)
-                    squares.push_back({area, label});
-                auto& note = squares.back().label;
+            const QString note = QString::fromStdString(sheet.caption).section(" · ", 1, 1);
+            EXPECT_EQ(sheet.caption, batch.caption(view, i / batch.views() + 1,
+                                                   pieces > 1 ? " · " + note : "", state().startNumber));
+            for (ShownBoard& board : boardsOf(sheet.drawing, state())) {
+                const Step corner{piece % across * columns, piece / across * rows};
+                EXPECT_TRUE(sheet.content.contains(board.area));
+                const QPoint below = board.area.bottomLeft() + QPoint(0, 2);
                 if (pieces > 1)
-                    note.text = QString::fromStdString(sheet.caption).split(" · ").value(1);
+                    expectNamed(sheet, board.label, piece % across + 1, piece / across + 1);
                 else
-                    EXPECT_TRUE(note == TextAtPoint(area.bottomLeft() + QPoint(0, 2), note.text, area.width(),
-                                                    TextStyle::note));
-                for (const auto& [cell, number] : numbers)
-                    squares.back().numbers[{cell.row + left, cell.column + top}] = number;
-                for (const Cell& cell : shaded)
-                    squares.back().shaded.insert({cell.row + left, cell.column + top});
+                    EXPECT_TRUE(board.label ==
+                                TextAtPoint(below, board.label.text, board.area.width(), TextStyle::note));
+                if (piece == 0)
+                    squares.push_back({board.area, board.label});
+                if (pieces > 1)
+                    squares.back().label.text = note;
+                for (const auto& [cell, number] : board.numbers)
+                    squares.back().numbers[cell + corner] = number;
+                for (const Cell& cell : board.shaded)
+                    squares.back().shaded.insert(cell + corner);
                 piece = (piece + 1) % pieces;
             }
-            EXPECT_TRUE(sheet.content.contains(covered) && sheet.content.width() * sheet.scale < 277.01 &&
-                        sheet.content.height() * sheet.scale < 183.66);
+            EXPECT_LT(sheet.content.width() * sheet.scale, 277.01);
+            EXPECT_LT(sheet.content.height() * sheet.scale, 183.66);
         }
         return squares;
     }
+
+    void expectNamed(const FakePrinter::Printed& sheet, const TextAtPoint& label, int across, int down) {
+        const int left = 14 + static_cast<int>(state().cellWidth) * state().visibleColumns;
+        EXPECT_EQ(label.text, QString("%1,%2").arg(across).arg(down));
+        EXPECT_EQ(label.point, QPoint(left, 8));
+        EXPECT_GE(sheet.content.right() - left, QFontMetricsF(boardFont()).horizontalAdvance(label.text));
+    }
+
+    /// The squares printed are complete, the numbers of the puzzles are theirs, and the highest start was
+    /// drawn.
+    void expectSquares(const PrintedBatch& batch) {
+        const auto shown = squaresOf(batch, 0), answered = squaresOf(batch, batch.views() - 1);
+        ASSERT_EQ(std::ssize(shown), batch.count);
+        ASSERT_EQ(std::ssize(answered), batch.count);
+        const auto cells = static_cast<std::size_t>(batch.order * batch.order);
+        double highest = state().startNumber;
+        for (std::size_t i = 0; i < shown.size(); ++i) {
+            const auto& [area, note, numbers, shaded] = answered[i];
+            const std::size_t blanks = cells - shown[i].numbers.size();
+            EXPECT_EQ(blanks > 0, batch.mode != PuzzleMode::answers);
+            EXPECT_EQ(shaded.size(), batch.mode == PuzzleMode::both && batch.shades ? blanks : 0);
+            double start = state().startNumber;
+            if (batch.mode != PuzzleMode::puzzles)
+                start = std::ranges::min(numbers | std::views::values);
+            const double total = magicTotal(batch.order, start, leadingNumber(batch.distance));
+            EXPECT_EQ(note.text.toStdString(), std::to_string(i + 1) + ". Magic Total " + numberText(total));
+            EXPECT_EQ(shown[i].label, note);
+            if (batch.mode != PuzzleMode::puzzles) {
+                EXPECT_TRUE(std::ranges::includes(numbers, shown[i].numbers));
+                Grid square{};
+                for (const auto& [cell, number] : numbers)
+                    cellAt(square, cell) = number;
+                expectComplete(square, batch.order, total);
+            }
+            EXPECT_GE(start, state().startNumber);
+            highest = std::max(highest, start);
+        }
+        EXPECT_EQ(highest, state().startNumber + batch.steps);
+    }
+
+    /// "P" or "A", the number of the sheet, a colon and the first square on it, for each.
+    std::string sheetsPrinted() {
+        std::string sheets;
+        for (const auto& sheet : printer.sheets) {
+            QString square = boardsOf(sheet.drawing, state()).front().label.text;
+            const QString caption = QString::fromStdString(sheet.caption);
+            if (square.contains(',')) // A piece has its square in the caption.
+                square = caption.section(" · ", 1, 1);
+            const QString place = caption.left(1) + caption.section("sheet ", 1).left(1);
+            sheets += (place + ':' + square.section('.', 0, 0) + ' ').toStdString();
+        }
+        return sheets;
+    }
+
+    std::string foot() { return window().foot().currentMessage().toStdString(); }
 };
 
 TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
     const std::string kinds[] = {"squares", "puzzles", "puzzles and answers"};
-    const struct {
-        int mode, order;
-        const char *start, *distance;
-        int count;
-        std::size_t sheets;
-        double cell;             ///< its width on paper, in millimetres
-        const char* random = ""; ///< how many random starts are asked for, if any
-        double steps = 0;        ///< from the typed start to the highest with as many digits in its numbers
-    } rows[] = {{0, 5, "1", "5000", 11, 2, 18},       {0, 5, "007", "2", 26, 2, 10.37},
-                {1, 7, "1", "1", 2, 1, 18},           {1, 7, "1", "1", 25, 3, 10.35},
-                {2, 5, "-3.5", "0.25", 21, 4, 13.83}, {2, 11, "-400", "3", 13, 8, 12.28},
-                {2, 29, "1", "1", 1, 2, 8.22},        {0, 5, "4", "1", 50, 2, 8.28, "0", 1},
-                {0, 5, "4", "1", 40, 2, 9.94, "1"},   {2, 5, "4", "1", 40, 4, 9.94, "71", 69},
-                {2, 31, "1", "1", 1, 4, 8.43},        {2, 23, "1", "20", 2, 8, 14.05},
-                {2, 101, "1", "1", 1, 48, 14.05}};
-    for (QCheckBox* box : window().findChildren<QCheckBox*>())
-        box->setChecked(true);
-    type(page().Text3, "300");
-    for (const auto& row : rows) {
-        const std::string& kind = kinds[row.mode];
-        const std::string firstView = row.mode == PuzzleMode::answers ? "Squares" : "Puzzles";
-        const std::string lastView = row.mode == PuzzleMode::both ? "Answers" : firstView;
-        const int n = row.order;
-        SCOPED_TRACE(kind + " from " + row.start + ", order " + numberText(n));
-        const std::string size = numberText(n) + " by " + numberText(n);
-        std::set<std::size_t> turns;
+    constexpr int answers = PuzzleMode::answers, puzzles = PuzzleMode::puzzles;
+    const PrintedBatch batches[] = {
+        {.mode = answers, .distance = "5000", .count = 11, .sheets = 2, .cell = 18},
+        {.mode = answers, .start = "007", .distance = "2", .count = 26, .sheets = 2, .cell = 10.37},
+        {.mode = puzzles, .order = 7, .count = 25, .sheets = 3, .cell = 10.35},
+        {.start = "-3.5", .distance = "0.25", .count = 21, .sheets = 4, .cell = 13.83},
+        {.order = 11, .start = "-400", .distance = "3", .count = 13, .sheets = 8, .cell = 12.28},
+        {.order = 29, .shades = false, .sheets = 2, .cell = 8.22},
+        {.mode = answers, .start = "4", .random = "0", .steps = 1, .count = 50, .sheets = 2, .cell = 8.28},
+        {.start = "4", .random = "71", .steps = 69, .count = 40, .sheets = 4, .cell = 9.94},
+        {.order = 31, .sheets = 4, .cell = 8.43},
+        {.order = 23, .distance = "20", .count = 2, .sheets = 8, .cell = 14.05},
+        {.order = 101, .sheets = 48, .cell = 14.05}};
+    for (const PrintedBatch& batch : batches) {
+        const std::string& kind = kinds[batch.mode];
+        SCOPED_TRACE(kind + " from " + batch.start + ", " + batch.size());
         random = ScriptedRandom({0.999, 0.999}); // the highest start
         events.onYield = [&](int) {
-            EXPECT_EQ(title(), "Creating (" + size + ") Complete Magic Square(s): " +
-                                   numberText(row.count - state().squaresSolved) + " out of " +
-                                   numberText(row.count) + ' ' + kind + " left to print.");
-            turns.insert(printer.sheets.size());
+            EXPECT_EQ(title(), "Creating (" + batch.size() + ") Complete Magic Square(s): " +
+                                   numberText(batch.count - state().squaresSolved) + " out of " +
+                                   numberText(batch.count) + ' ' + kind + " left to print.");
         };
-        QAction* const modes[] = {menus().panswers, menus().ppuzzles, menus().pboth};
-        modes[row.mode]->trigger();
-        const bool shades = n != 29;
-        (shades ? menus().highlighted : menus().nhighlighted)->trigger();
-        page().Check1->setChecked(*row.random != '\0');
-        type(page().Text7, row.random);
-        enter(QString::number(n), row.start, row.distance);
-        type(page().Text1, QString::number(row.count));
-        click(page().Command1);
-        EXPECT_EQ(printer.document.toStdString(), "Quarvelle " + size);
-        const std::size_t views = row.mode == PuzzleMode::both ? 2 : 1;
-        const std::string settings =
-            " · " + size + (*row.random ? " · first numbers from " : " · first number ") +
-            numberText(state().startNumber) + " · distance " + row.distance +
-            (row.mode == PuzzleMode::answers ? "" : " · challenging") + " · 2026-11-23";
-        const auto first = squaresOf(firstView, 0, views, settings),
-                   last = squaresOf(lastView, views - 1, views, settings);
-        EXPECT_EQ(printer.sheets.size(), row.sheets);
-        EXPECT_NEAR(printer.sheets[0].scale * state().cellWidth, row.cell, 0.01);
-        EXPECT_EQ(turns.size() * views, row.sheets) << "a turn a sheet";
-        ASSERT_EQ(first.size(), static_cast<std::size_t>(row.count));
-        ASSERT_EQ(first.size(), last.size());
-        std::set<double> starts{state().startNumber};
-        for (std::size_t i = 0; i < first.size(); ++i) {
-            const auto& [area, note, answers, shaded] = last[i];
-            const auto cells = static_cast<std::size_t>(n * n), blanks = cells - first[i].numbers.size();
-            EXPECT_EQ(blanks > 0, row.mode != PuzzleMode::answers);
-            EXPECT_EQ(shaded.size(), row.mode == PuzzleMode::both && shades ? blanks : 0);
-            const double start = row.mode == PuzzleMode::puzzles
-                                     ? state().startNumber
-                                     : std::ranges::min(answers | std::views::values);
-            const double total = magicTotal(n, start, leadingNumber(row.distance));
-            EXPECT_EQ(note.text.toStdString(), std::to_string(i + 1) + ". Magic Total " + numberText(total));
-            EXPECT_TRUE(first[i].label == note);
-            if (row.mode == PuzzleMode::puzzles)
-                continue;
-            ASSERT_EQ(answers.size(), cells);
-            EXPECT_TRUE(std::ranges::includes(answers, first[i].numbers));
-            starts.insert(start);
-            for (const Line& line : linesInPlay(*stateOf(n, 1, 1)))
-                EXPECT_NEAR(std::accumulate(line.begin(), line.end(), 0.0,
-                                            [&](double sum, Cell cell) { return sum + answers.at(cell); }),
-                            total, 1e-6);
-        }
-        EXPECT_EQ(*starts.begin(), state().startNumber);
-        EXPECT_EQ(*starts.rbegin(), state().startNumber + row.steps);
+        print(batch);
+        EXPECT_EQ(printer.document.toStdString(), "Quarvelle " + batch.size());
+        ASSERT_EQ(printer.sheets.size(), batch.sheets);
+        EXPECT_NEAR(printer.sheets[0].scale * state().cellWidth, batch.cell, 0.01);
+        expectSquares(batch);
     }
 }
 
 TEST_F(BatchTest, PrintsTheSheetsOrderedAndTellsHowItEnded) {
     const struct {
-        const char *order, *count;
-        std::function<void(PrintOrder&)> change;
-        const char *sheets, *ending;
+        const char* order = "5";
+        int count = 60;
+        int first = 1, last = 99, copies = 1, queueCopies = 1;
+        bool backwards = false, collated = true;
         std::size_t stop = 99; ///< with so many sheets printed
-    } rows[] = {{"5", "60", [](PrintOrder& order) { order.firstSheet = 2, order.lastSheet = 5; },
-                 "A1:1 P2:21 A2:21 P3:41 ", "4 sheets sent to Fake"},
-                {"5", "60", [](PrintOrder& order) { order.lastSheet = 5, order.backwards = true; },
-                 "P3:41 A2:21 P2:21 A1:1 P1:1 ", "5 sheets sent to Fake"},
-                {"5", "60", [](PrintOrder& order) { order.lastSheet = 3, order.copies = 2; },
-                 "P1:1 A1:1 P2:21 P1:1 A1:1 P2:21 ", "6 sheets sent to Fake"},
-                {"5", "60",
-                 [](PrintOrder& order) { order.firstSheet = 6, order.copies = 3, order.collated = false; },
-                 "A3:41 A3:41 A3:41 ", "3 sheets sent to Fake"},
-                {"5", "60", [](PrintOrder& order) { order.queueCopies = 2; }, "P1:1 A1:1 ",
-                 "Stopped: 4 of 12 sheets sent to Fake", 2},
-                {"5", "1", [](PrintOrder& order) { order.copies = 9; }, "P1:1 A1:1 P1:1 ",
-                 "Stopped: 3 of 18 sheets sent to Fake", 3},
-                {"31", "2",
-                 [](PrintOrder& order) { order.firstSheet = 4, order.lastSheet = 6, order.backwards = true; },
-                 "A3:2 P3:2 A2:1 ", "3 sheets sent to Fake"},
-                {"31", "2", [](PrintOrder&) {}, "P1:1 A1:1 ", "Stopped: 2 of 8 sheets sent to Fake", 2},
-                {"7", "1", [](PrintOrder& order) { order.lastSheet = 1; }, "P1:1 ", "1 sheet sent to Fake"}};
+        const char* sheets;    ///< each view, its sheet and the first square on that
+        const char* ending;
+    } rows[] = {
+        // clang-format off
+        {.first = 2, .last = 5, .sheets = "A1:1 P2:21 A2:21 P3:41 ", .ending = "4 sheets"},
+        {.last = 5, .backwards = true, .sheets = "P3:41 A2:21 P2:21 A1:1 P1:1 ", .ending = "5 sheets"},
+        {.last = 3, .copies = 2, .sheets = "P1:1 A1:1 P2:21 P1:1 A1:1 P2:21 ", .ending = "6 sheets"},
+        {.first = 6, .copies = 3, .collated = false, .sheets = "A3:41 A3:41 A3:41 ", .ending = "3 sheets"},
+        {.queueCopies = 2, .stop = 2, .sheets = "P1:1 A1:1 ", .ending = "Stopped: 4 of 12 sheets"},
+        {.count = 1, .copies = 9, .stop = 3, .sheets = "P1:1 A1:1 P1:1 ", .ending = "Stopped: 3 of 18 sheets"},
+        {.order = "31", .count = 2, .first = 4, .last = 6, .backwards = true, .sheets = "A3:2 P3:2 A2:1 ",
+         .ending = "3 sheets"},
+        {.order = "31", .count = 2, .stop = 2, .sheets = "P1:1 A1:1 ", .ending = "Stopped: 2 of 8 sheets"},
+        {.order = "7", .count = 1, .last = 1, .sheets = "P1:1 ", .ending = "1 sheet"},
+        // clang-format on
+    };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.sheets);
-        printer.dialog = [&](PrintOrder& order) { return row.change(order), true; };
+        printer.dialog = [&](PrintOrder& order) {
+            std::tie(order.firstSheet, order.lastSheet) = std::tuple(row.first, row.last);
+            std::tie(order.copies, order.queueCopies) = std::tuple(row.copies, row.queueCopies);
+            std::tie(order.backwards, order.collated) = std::tuple(row.backwards, row.collated);
+            return true;
+        };
         events.onYield = [&](int) {
-            EXPECT_TRUE(printer.sheets.empty() || !window().boardPage().drawing().items().empty());
             if (printer.sheets.size() == row.stop)
                 pressKey(Qt::Key_Q);
         };
-        type(page().Text2, row.order);
-        type(page().Text1, row.count);
-        click(page().Command1);
-        std::string sheets;
-        for (const auto& sheet : printer.sheets) {
-            const auto note = boardsOf(sheet.drawing, state()).front().label.text.toStdString();
-            const std::string& numbered = note.ends_with(",1") || note.ends_with(",2")
-                                              ? sheet.caption.substr(sheet.caption.find("·") + 3)
-                                              : note;
-            sheets += sheet.caption.substr(0, 1) + sheet.caption.substr(sheet.caption.find("sheet ") + 6, 1) +
-                      ':' + numbered.substr(0, numbered.find('.')) + ' ';
-        }
-        EXPECT_EQ(sheets, row.sheets);
-        EXPECT_EQ(window().foot().currentMessage().toStdString(), row.ending);
+        print(row.order, row.count);
+        EXPECT_EQ(sheetsPrinted(), row.sheets);
+        EXPECT_EQ(foot(), row.ending + std::string(" sent to Fake"));
         pressKey(Qt::Key_Shift);
-        EXPECT_EQ(window().foot().currentMessage(), "") << "the next thing that a person does";
+        EXPECT_EQ(foot(), "") << "the next thing that a person does";
     }
+}
+
+TEST_F(BatchTest, ShowsAtItsFootHowFarItIs) {
     const auto& bar = *window().foot().findChild<QProgressBar*>();
     events.onYield = [&](int) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return bar.isVisible(); }));
-        EXPECT_EQ(bar.text(), QString("%1 of 1 sheets").arg(printer.sheets.size()));
+        EXPECT_EQ(bar.text(), QString("%1 of 2 sheets").arg(printer.sheets.size()));
     };
-    click(page().Command1);
+    print("7", 1);
     EXPECT_FALSE(bar.isVisible());
-    type(page().Text1, "0");
-    click(page().Command1);
+}
+
+TEST_F(BatchTest, SaysWhyNothingIsPrinted) {
+    print("5", 0);
     EXPECT_TRUE(printer.told.startsWith("There is nothing to print"));
-    EXPECT_EQ(window().foot().currentMessage(), "");
+    EXPECT_EQ(foot(), "");
     printer.dialog = [](PrintOrder&) { return false; };
-    type(page().Text1, "1");
-    click(page().Command1);
-    EXPECT_EQ(window().foot().currentMessage(), "Cancelled");
+    print("5", 1);
+    EXPECT_EQ(foot(), "Cancelled");
+    printer.document.clear();
+    type(page().Text2, "103");
+    emit page().Command1->clicked(); // which can't be clicked
+    EXPECT_EQ(printer.document, "") << "too large";
+}
+
+TEST_F(BatchTest, EndsWhenItIsAbortedOrItsWindowCloses) {
+    events.onYield = [&](int) {
+        if (printer.sheets.size() == 2)
+            menus().aprinting->trigger();
+    };
+    print("5", 60);
+    EXPECT_EQ(foot(), "Stopped: 2 of 6 sheets sent to Fake");
+    events.onYield = [&](int) {
+        if (printer.sheets.size() == 2)
+            window().close();
+    };
+    printer.dialog = [this](PrintOrder&) { return printer.failingStep = 4; }; // the end of the job
+    print("5", 60);
+    EXPECT_EQ(printer.steps, 4);
+    EXPECT_EQ(printer.failuresTold, 0) << "to nobody";
 }
 
 static QRect boundsOf(const QImage& paper, QRgb color) {
@@ -240,13 +295,18 @@ TEST(Paper, HoldsTheContentInItsSizeUndistortedAndCentred) {
     }
 }
 
-TEST(DrawingSurface, CondensesDigitsIntoTheirRoom) {
+TEST(Drawing, CondensesDigitsIntoTheirRoom) {
     DrawingSurface surface;
     surface.fillRectangle(0, 0, 59, 23, Qt::white);
     surface.drawText(10, 3, "123456789", 21);
-    const QImage paper = surface.grab({0, 0, 60, 24}).toImage();
-    const QRect inked = boundsOf(paper.createMaskFromColor(qRgb(255, 255, 255)), qRgb(0, 0, 0));
-    EXPECT_TRUE(QRect(9, 0, 23, 24).contains(inked) && inked.width() > 15) << inked.width();
+    QImage paper(60, 24, QImage::Format_RGB32);
+    QPainter painter(&paper);
+    surface.drawing().replay(painter);
+    for (const QImage& shown : {surface.grab({0, 0, 60, 24}).toImage(), paper}) {
+        const QImage ink = shown.createMaskFromColor(qRgb(255, 255, 255));
+        const QRect inked = boundsOf(ink, qRgb(0, 0, 0));
+        EXPECT_TRUE(QRect(9, 0, 23, 24).contains(inked) && inked.width() > 15) << inked.x() << inked.width();
+    }
 }
 
 TEST(PrintJob, IsWholeOrNotThereAndSaysWhy) {
@@ -284,7 +344,11 @@ TEST(PrintJob, IsWholeOrNotThereAndSaysWhy) {
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"a.pdf"});
     auto printer = std::make_unique<QPrinter>();
     printer->setOutputFormat(QPrinter::PdfFormat); // so that it is no printer of this machine
-    EXPECT_TRUE(QueueJob(std::move(printer)).begin().contains("no printer"));
+    printer->setOutputFileName(file.fileName());
+    QueueJob job(std::move(printer));
+    EXPECT_TRUE(job.begin().contains("no printer"));
+    for (int sheet = 0; sheet < 2; ++sheet)
+        EXPECT_EQ(job.print(Sheet{drawing, {8, 8, 745, 523}, 0.3, "Squares"}), "");
 }
 
 } // namespace quarvelle::testing

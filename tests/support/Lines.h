@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <gtest/gtest.h>
 #include <memory>
 #include <set>
 #include <utility>
@@ -62,6 +63,18 @@ inline std::set<Line> linesInPlay(const ProgramState& state) {
             add(state.scatteredCrossLineMode, {row, column}, {{0, 0}, {2, 0}, {-2, 0}, {0, 2}, {0, -2}});
         }
     return lines;
+}
+
+/// Fails unless every line has the total and all numbers differ.
+inline void expectComplete(const Grid& square, int n, double total) {
+    std::set<double> numbers;
+    for (const Line& line : linesInPlay(*stateOf(n, 1, 1))) {
+        double sum = 0;
+        for (const Cell& cell : line)
+            sum += *numbers.insert(cellAt(square, cell)).first;
+        EXPECT_NEAR(sum, total, 1e-6);
+    }
+    EXPECT_EQ(std::ssize(numbers), n * n);
 }
 
 inline std::set<Cell> blanksOf(const ProgramState& state) {

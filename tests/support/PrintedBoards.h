@@ -14,13 +14,13 @@ namespace quarvelle::testing {
 /// A board as a drawing shows it.
 struct ShownBoard {
     QRect area;
-    TextAtPoint label;                ///< drawn before it and outside of the board before it
+    TextAtPoint label;                ///< the only text outside of all boards since the one before it
     std::map<Cell, double> numbers{}; ///< by column and row, from 1
     std::set<Cell> shaded{};
 };
 
-/// The boards of a drawing, in order. A grid line, shade or number that is missing or a pixel out of its
-/// place fails the test.
+/// The boards of a drawing, in order. What is missing, a pixel out of its place, there twice or no part of a
+/// board fails the test.
 inline std::vector<ShownBoard> boardsOf(const Drawing& drawing, const ProgramState& state) {
     const int width = static_cast<int>(state.cellWidth);
     std::vector<ShownBoard> boards;
@@ -30,6 +30,7 @@ inline std::vector<ShownBoard> boardsOf(const Drawing& drawing, const ProgramSta
         const auto* filled = std::get_if<FilledRectangle>(&item);
         const auto* text = std::get_if<TextAtPoint>(&item);
         if (text && (boards.empty() || !boards.back().area.contains(text->point))) {
+            EXPECT_TRUE(label.text.isEmpty()) << "a stray text: " << label.text.toStdString();
             label = *text;
         } else if (filled && filled->color == Qt::white) {
             const QRect area = filled->rectangle;
@@ -39,10 +40,11 @@ inline std::vector<ShownBoard> boardsOf(const Drawing& drawing, const ProgramSta
                 missing.emplace_back(area.left(), y, area.width(), 1);
             for (const ShownBoard& other : boards)
                 EXPECT_FALSE(other.area.adjusted(-15, -15, 15, 15).intersects(area));
-            boards.push_back({area, label});
-            label = {};
+            boards.push_back({area, std::exchange(label, {})});
         } else if (filled && filled->color == Qt::black) {
             EXPECT_EQ(std::erase(missing, filled->rectangle), 1U);
+        } else if (boards.empty()) {
+            ADD_FAILURE() << "a shade without a board";
         } else {
             auto& [area, ignored, numbers, shaded] = boards.back();
             const QPoint inside = (text ? text->point : filled->rectangle.topLeft()) - area.topLeft();
@@ -51,10 +53,11 @@ inline std::vector<ShownBoard> boardsOf(const Drawing& drawing, const ProgramSta
             if (filled) {
                 const QRect room(corner + QPoint(1, 1), QSize(width - 1, 17));
                 EXPECT_TRUE(*filled == FilledRectangle(room, QColor(192, 192, 192)));
-                shaded.insert(cell);
+                EXPECT_TRUE(shaded.insert(cell).second);
                 continue;
             }
-            const double number = numbers[cell] = leadingNumber(text->text.toStdString());
+            const double number = leadingNumber(text->text.toStdString());
+            EXPECT_TRUE(numbers.emplace(cell, number).second) << "two numbers in a cell";
             // Beside negative numbers the others keep room for a sign; so does a shaded answer.
             const bool signRoom = state.startNumber < 0 && (number >= 0 || shaded.count(cell) != 0);
             const int inset = signRoom ? 5 : 2;
@@ -63,6 +66,7 @@ inline std::vector<ShownBoard> boardsOf(const Drawing& drawing, const ProgramSta
         }
     }
     EXPECT_TRUE(missing.empty());
+    EXPECT_TRUE(label.text.isEmpty()) << "a stray text: " << label.text.toStdString();
     return boards;
 }
 

@@ -12,6 +12,14 @@
 #include "ui/MainPage.h"
 #include "ui/PropertiesPage.h"
 
+// What failures show of the toolkit's values.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+inline void PrintTo(const QRect& area, std::ostream* out) {
+    *out << area.width() << " x " << area.height() << " at " << area.x() << ", " << area.y();
+}
+
 namespace quarvelle::testing {
 
 /// The whole program on a window of its own, with scripted draws and turns.

@@ -1,0 +1,114 @@
+"""Takes the Debian package for what it claims to be: it validates, comes out the same elsewhere, and needs nothing but
+its dependencies in a system that has nothing else, where it leaves no trace. The first argument is the package; a
+picture of the window goes to the folder given second."""
+
+import contextlib
+import difflib
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+
+from stage import Failure, Stage, wait
+
+# As a session finds the program: by the path of its user, not by root's.
+PLAYER = {"HOME": "/home/player", "XDG_RUNTIME_DIR": "/home/player/run",
+          "PATH": "/usr/local/bin:/usr/bin:/bin:/usr/local/games:/usr/games"}
+ADMINISTRATOR = {"HOME": "/root", "PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "DEBIAN_FRONTEND": "noninteractive"}
+
+
+def run(*command, **options):
+    """What the command prints; it has to succeed."""
+    ended = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, **options)
+    if ended.returncode != 0:
+        raise Failure(f"{' '.join(map(str, command))} succeed:\n{ended.stdout}")
+    return ended.stdout
+
+
+def validate(package, scratch):
+    files = scratch / "files"
+    run("dpkg-deb", "--extract", package, files)
+    entry, = files.glob("usr/share/applications/*.desktop")
+    metadata, = files.glob("usr/share/metainfo/*.xml")
+    page, = files.glob("usr/share/man/man6/*.gz")
+    run("desktop-file-validate", entry)
+    run("appstreamcli", "validate", "--pedantic", "--no-net", metadata)
+    run("lintian", "--fail-on", "error,warning", "--allow-root", package)
+    warnings = subprocess.run(["man", "--warnings", "--local-file", page], stdout=subprocess.DEVNULL,
+                              stderr=subprocess.PIPE, text=True, check=True,
+                              env={**os.environ, "LC_ALL": "C.UTF-8", "MANROFFSEQ": "", "MANWIDTH": "80"}).stderr
+    if warnings:
+        raise Failure(f"a manual page without warnings:\n{warnings}")
+    print("Its validators have nothing to say.")
+    return dict(line.split("=", 1) for line in entry.read_text().splitlines() if "=" in line)
+
+
+def build_again(package, scratch):
+    copy = scratch / "another folder"
+    for file in run("git", "ls-files").splitlines():
+        (copy / file).parent.mkdir(parents=True, exist_ok=True)
+        shutil.copy2(file, copy / file)
+    commit = run("git", "log", "-1", "--format=%ct").strip()
+    run("packaging/debian/build.sh", cwd=copy, env={**os.environ, "SOURCE_DATE_EPOCH": commit}, umask=0o027)
+    if (copy / package).read_bytes() != package.read_bytes():
+        raise Failure("the same package in another folder")
+    print("Built in another folder it is the same.")
+
+
+class System:
+    """A minimal one in a folder, in which the dependencies are installed."""
+
+    def __init__(self, root, depends):
+        self.root = root
+        mirror = run("apt-get", "indextargets", "--format", "$(REPO_URI)", "Created-By: Packages", "Origin: Debian")
+        release = run("sh", "-c", ". /etc/os-release && echo $VERSION_CODENAME").strip()
+        run("debootstrap", "--variant=minbase", release, root, mirror.splitlines()[0])
+        self.run("apt-get", "satisfy", "--yes", "--no-install-recommends", depends)
+        self.run("useradd", "--create-home", "player")
+        self.run("install", "--directory", "--owner", "player", "--mode", "700", PLAYER["XDG_RUNTIME_DIR"])
+
+    def run(self, *command):
+        return run("/usr/sbin/chroot", self.root, *command, env=ADMINISTRATOR)
+
+    def files(self):
+        # What was done is written down in the system's own records.
+        return sorted(run("find", self.root, "-path", "*/var/log", "-prune", "-o", "-print").splitlines())
+
+
+def use(stage, root, entry, picture):
+    program = stage.start("/usr/sbin/chroot", "--userspec=player", root, entry["Exec"],
+                          env={**PLAYER, "DISPLAY": os.environ["DISPLAY"]})
+    search = ["xdotool", "search", "--onlyvisible", "--class", f"^{entry['StartupWMClass']}$", "getwindowname"]
+    wait("the window of the launcher's class", lambda: subprocess.run(search, stdout=stage.log).returncode == 0)
+    if (title := run(*search).strip()) != "Quarvelle":
+        raise Failure(f"the title 'Quarvelle', but {title!r}")
+    run("import", "-window", "root", picture)
+    run("xdotool", "key", "alt+F4")
+    if (code := program.wait(60)) != 0:
+        raise Failure(f"the program end with exit code 0, but {code}")
+
+
+def check(package, pictures):
+    with contextlib.closing(Stage()) as stage:
+        entry = validate(package, stage.scratch)
+        build_again(package, stage.scratch)
+        stage.scratch.chmod(0o711)
+        system = System(stage.scratch / "root", run("dpkg-deb", "--field", package, "Depends").strip())
+        before = system.files()
+        shutil.copy(package, system.root / "root/quarvelle.deb")
+        system.run("dpkg", "--install", "/root/quarvelle.deb")
+        (system.root / "root/quarvelle.deb").unlink()
+        print(system.run("dpkg", "--listfiles", "quarvelle"), end="")
+        use(stage, system.root, entry, pictures / "installed.png")
+        system.run("dpkg", "--purge", "quarvelle")
+        if left := list(difflib.unified_diff(before, system.files(), lineterm="", n=0)):
+            raise Failure("all as before in the system:\n" + "\n".join(left))
+
+
+if __name__ == "__main__":
+    try:
+        check(pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]))
+    except Failure as failure:
+        sys.exit(f"package-check failed: did not see {failure}")
+    print(f"{sys.argv[1]}: valid, reproducible, and gone when it is removed")
