@@ -5,109 +5,107 @@ import pathlib
 import sys
 
 import solver
-from player import Player, press, type_text
-from stage import Failure, Stage, wait
+from player import Player, press, see, type_text
+from stage import on_stage
 
 EVERY_SHAPE = ["Include All Cross-Diagonals", "Include All Cross-Lines", "Include All Scattered-Cross-Diagonals",
                "Include All Scattered-Cross-Lines"]
 
 
-def practise(player, order):
-    player.push("Practice Solving Squares")
-    player.wait_for_score(order, 0, 0, 0)
+class Story:
+    def __init__(self, stage, program, pictures):
+        self.stage, self.program, self.pictures = stage, program, pictures
 
+    def begin(self):
+        self.player = Player(self.stage, self.program)
 
-def quit_playing(player):
-    press("q")
-    player.wait_for_title("Quarvelle")
-    player.find("push button", "Practice Solving Squares")
+    def picture(self, name):
+        self.stage.picture(self.pictures / f"{name}.png")
+        print(f"  picture: {name}.png")
 
+    def practise(self, order):
+        self.player.push("Practice Solving Squares")
+        self.player.wait_for_score(order, 0, 0, 0)
 
-def by_keyboard_alone(player, pictures):
-    print("By keyboard alone: 5 by 5 with every shape, and 11 by 11")
-    player.picture(pictures / "1-main-page.png")
-    player.choose("z", "c")
-    for name in EVERY_SHAPE:
-        player.tab_to("check box", name)
-        press("space")
-    player.picture(pictures / "2-properties.png")
-    player.push("Done")
-    practise(player, 5)
-    player.picture(pictures / "3-practising.png")
-    player.solve_by_keyboard(5, solver.lines(5, shapes=True), 65, wrong_answers=1)
-    player.picture(pictures / "4-solved-and-next.png")
-    quit_playing(player)
-    player.enter("Size of Square", 11)
-    practise(player, 11)
-    player.solve_by_keyboard(11, solver.lines(11), 671, wrong_answers=1)
-    quit_playing(player)
+    def quit_playing(self):
+        press("q")
+        self.player.wait_for_title("Quarvelle")
 
+    def by_keyboard_alone(self):
+        print("By keyboard alone: 5 by 5 with every shape, and 11 by 11")
+        player = self.player
+        self.picture("1-main-page")
+        player.choose("Puzzle-mode", "Choose Magic Square Properties")
+        for name in EVERY_SHAPE:
+            player.tick(name)
+        self.picture("2-properties")
+        player.push("Done")
+        self.practise(5)
+        self.picture("3-practising")
+        player.solve_by_keyboard(5, solver.lines(5, shapes=True), 65, wrong_answers=1)
+        self.picture("4-solved-and-next")
+        self.quit_playing()
+        player.enter("Size of Square", 11)
+        self.practise(11)
+        player.solve_by_keyboard(11, solver.lines(11), 671, wrong_answers=1)
+        self.quit_playing()
 
-def answer_with_the_mouse(player, order, total, count):
-    board = player.board()
-    for right, (cell, number) in enumerate(solver.solve(board, total, solver.lines(order))[:count], 1):
-        player.click_cell(*cell)
-        type_text(solver.text(number))
-        press("Return")
-        player.wait_for_score(order, 0, right, 0)
-        board[cell] = number
-    player.wait_for_board(board)
-    print(f"  answered {count} blanks of a {order} by {order} square")
+    def answer_with_the_mouse(self, order, total, count):
+        player = self.player
+        board = player.board()
+        for right, (cell, number) in enumerate(solver.solve(board, total, solver.lines(order))[:count], 1):
+            player.click_cell(*cell)
+            type_text(solver.text(number))
+            press("Return")
+            player.wait_for_score(order, 0, right, 0)
+            board[cell] = number
+        see("the answers on the board", lambda: player.board() == board)
+        print(f"  answered {count} blanks of a {order} by {order} square")
 
+    def with_the_mouse(self):
+        print("With the mouse: New Square, Start Over, Quit playing, large squares and fractions")
+        player = self.player
+        player.click_menu("Size of Square", "7 by 7")
+        player.click(player.find("push button", "Practice Solving Squares"))
+        player.wait_for_score(7, 0, 0, 0)
+        self.answer_with_the_mouse(7, 175, 3)
+        for item, right in (("New Square", 3), ("Start Over", 0)):
+            before = player.board()
+            player.click_menu("Options", item)
+            see("another square", lambda: player.board() != before)
+            player.wait_for_score(7, 0, right, 0)
+        player.click_menu("Options", "Quit playing")
+        player.wait_for_title("Quarvelle")
+        player.enter("Size of Square", 29)
+        self.practise(29)
+        self.answer_with_the_mouse(29, 12209, 3)
+        self.picture("5-twenty-nine")
+        self.quit_playing()
+        player.enter("Starting Number", -24)
+        player.enter("Distance", "0.5")
+        player.find("label", "(Larger than Page)")
+        self.picture("6-larger-than-page")
+        player.enter("Size of Square", 23)
+        self.practise(23)
+        self.answer_with_the_mouse(23, solver.magic_total(23, -24, "0.5"), 5)
+        self.picture("7-fractions")
+        self.quit_playing()
 
-def with_the_mouse(player, pictures):
-    print("With the mouse: New Square, Start Over, Quit playing, large squares and fractions")
-    player.click(player.find("menu item", "Size of Square"))
-    player.click(player.find("menu item", "7 by 7"))
-    player.click(player.find("push button", "Practice Solving Squares"))
-    player.wait_for_score(7, 0, 0, 0)
-    answer_with_the_mouse(player, 7, 175, 3)
-    for item, right in (("New Square", 3), ("Start Over", 0)):
-        before = player.board()
-        player.click(player.find("menu item", "Options"))
-        player.click(player.find("menu item", item))
-        wait("another square", lambda: player.board() != before)
-        player.wait_for_score(7, 0, right, 0)
-    player.click(player.find("menu item", "Options"))
-    player.click(player.find("menu item", "Quit playing"))
-    player.wait_for_title("Quarvelle")
-    player.enter("Size of Square", 29)
-    practise(player, 29)
-    answer_with_the_mouse(player, 29, 12209, 3)
-    player.picture(pictures / "5-twenty-nine.png")
-    quit_playing(player)
-    player.enter("Starting Number", -24)
-    player.enter("Distance", "0.5")
-    player.find("label", "(Larger than Page)")
-    player.picture(pictures / "6-larger-than-page.png")
-    player.enter("Size of Square", 23)
-    practise(player, 23)
-    answer_with_the_mouse(player, 23, solver.magic_total(23, -24, "0.5"), 5)
-    player.picture(pictures / "7-fractions.png")
-    quit_playing(player)
-
-
-def end_to_end(program, pictures):
-    pictures.mkdir(parents=True, exist_ok=True)
-    stage = Stage()
-    try:
-        player = Player(stage, program)
-        by_keyboard_alone(player, pictures)
-        player.choose("o", "q")
-        player.expect_end()
-        player = Player(stage, program)
-        with_the_mouse(player, pictures)
+    def tell(self):
+        self.begin()
+        self.by_keyboard_alone()
+        self.player.choose("Options", "Quit")
+        self.player.expect_end()
+        self.begin()
+        self.with_the_mouse()
         print("The window closed in the middle of a square")
-        practise(player, 23)
+        self.practise(23)
         press("alt+F4")
-        player.expect_end()
-    except Failure as failure:
-        player.picture(pictures / "failure.png")
-        sys.exit(f"Demonstration failed: {failure}\n{stage.said()}")
-    finally:
-        stage.close()
+        self.player.expect_end()
 
 
 if __name__ == "__main__":
-    end_to_end(sys.argv[1], pathlib.Path(sys.argv[2]))
+    folder = pathlib.Path(sys.argv[2])
+    with on_stage(folder) as stage:
+        Story(stage, sys.argv[1], folder).tell()
     print("All titles and boards were seen as expected.")

@@ -1,5 +1,5 @@
-"""Batches printed from the window, in files and on a printer: each sheet that comes out is read back and is the one to
-expect. Pictures of the sheets go to the folder given second; the first argument is the program."""
+"""Batches printed from the window, in files and on a printer: each sheet that comes out is read back and is the one
+to expect. Pictures of the sheets go to the folder given second; the first argument is the program."""
 
 import contextlib
 import datetime
@@ -8,178 +8,227 @@ import pathlib
 import re
 import subprocess
 import sys
+import types
 from fractions import Fraction
 
 import sheets
 import solver
-from player import Player, press
+from player import Player, has, press, see, State
 from printer import PrintQueue
-from stage import Failure, Stage
+from stage import expect, on_stage
 
 KINDS = {"Print only completed Squares": ["Squares"], "Print only Puzzles": ["Puzzles"],
          "Print both Puzzles and Answers": ["Puzzles", "Answers"]}
 BOTH = "Print both Puzzles and Answers"
 
 
-def expect(what, seen, wanted):
-    if seen != wanted:
-        raise Failure(f"{what} {wanted}, but {seen}")
+# A run that goes on past midnight sees two days.
+FIRST_DAY = str(datetime.date.today())
+DEFAULTS = {
+    "order": 5, "start": "1", "distance": "1", "blanks": 100, "drawn_starts": 0, "mode": BOTH,
+    "on_queue": False, "letter": False, "upright": False, "first": 1, "last": None, "copies": 1, "reverse": False,
+    # So many sheets, or squares in pieces, share the squares. A cell is so wide.
+    "bundles": 1, "pieces": 1, "cell": None}
 
 
-def check_squares(puzzles, answers, order, starts, distance):
-    """The squares are complete, with the totals told below; the puzzles lead there and nowhere else."""
-    for (note, puzzle), (answers_note, square) in zip(puzzles, answers, strict=True):
-        expect("the note of the answers", answers_note, note)
-        start, total = min(square.values()), Fraction(sheets.NOTE.match(note).group(2))
-        expect("a drawn starting number", start in starts, True)
-        expect("the Magic Total", total, solver.magic_total(order, start, distance))
-        expect("the numbers", sorted(square.values()), [start + k * distance for k in range(order * order)])
-        sums = {sum(square[cell] for cell in line) for line in solver.lines(order, True, shapes=order == 5)}
-        expect("the sums of all lines", sums, {total})
-        if puzzle is not square:
-            expect("some blanks", None in puzzle.values(), True)
-            expect("the answers", {**puzzle, **dict(solver.solve(puzzle, total, solver.lines(order)))}, square)
+class Batch(types.SimpleNamespace):
+    """What is asked for, and what is to come of it."""
+
+    def __init__(self, name, count, **particulars):
+        super().__init__(name=name, count=count, **{**DEFAULTS, **particulars})
+        self.kinds = KINDS[self.mode]
+        self.starts = [Fraction(self.start) + k for k in range(self.drawn_starts or 1)]
+        long, short = (279, 216) if self.letter else (297, 210)
+        self.paper = (short, long) if self.upright else (long, short)
+
+    def sheets(self):
+        everything = [(kind, sheet) for sheet in range(1, self.bundles * self.pieces + 1) for kind in self.kinds]
+        wanted = everything[self.first - 1:self.last] * self.copies
+        return wanted[::-1] if self.reverse else wanted
+
+    def numbers(self, sheet):
+        """Of the squares on that sheet."""
+        bundle = (sheet - 1) // self.pieces
+        fewest, fuller = divmod(self.count, self.bundles)
+        begin = bundle * fewest + min(bundle, fuller) + 1
+        return list(range(begin, begin + fewest + (bundle < fuller)))
+
+    def caption(self, sheet):
+        """All of it but the day."""
+        return " · ".join([
+            f"{sheet.kind}, sheet {sheet.number}", *(sheet.notes if self.pieces > 1 else []),
+            f"{self.order} by {self.order}",
+            f"first number{'s from' if self.drawn_starts else ''} {solver.text(self.starts[0])}",
+            f"distance {solver.text(Fraction(self.distance))}",
+            *(["challenging"] if "Puzzles" in self.kinds else [])])
+
+    def check(self, printed):
+        """Returns how many different squares were there."""
+        by_name = {(sheet.kind, sheet.number): sheet for sheet in printed}
+        found = {kind: {} for kind in self.kinds}
+        for sheet in by_name.values():
+            caption, day = sheet.caption.rsplit(" · ", 1)
+            expect("the caption", caption, self.caption(sheet))
+            expect("the day", day, min(max(day, FIRST_DAY), str(datetime.date.today())))
+            expect("the paper", sheet.paper, self.paper)
+            numbers = [int(note.split(".")[0]) for note in sheet.notes]
+            expect("the numbers of the squares", numbers, self.numbers(sheet.number))
+            whole = by_name.get((self.kinds[-1], sheet.number), sheet)
+            for note, board in zip(sheet.notes, sheet.boards(self.order, whole.grid()), strict=True):
+                found[sheet.kind].setdefault(note, {}).update(board)
+        for note in found[self.kinds[0]]:
+            self.check_square(note, *(found[kind].get(note) for kind in self.kinds))
+        return len({note for kind in found.values() for note in kind})
+
+    def check_square(self, note, puzzle, square=None):
+        """The square is complete, with the total in its note; the puzzle leads there and nowhere else."""
+        total = Fraction(sheets.NOTE.match(note).group(2))
+        solved = {**puzzle, **dict(solver.solve(puzzle, total, solver.lines(self.order)))}
+        blanks = list(puzzle.values()).count(None)
+        most = self.blanks if "Puzzles" in self.kinds else 0
+        expect(f"the number of blanks in {note!r}", blanks, min(max(blanks, min(1, most)), most))
+        differing = [cell for cell in solved if square and solved[cell] != square[cell]]
+        expect(f"cells with wrong answers in {note!r}", differing, [])
+        start = min(solved.values())
+        expect(f"the first number of {note!r}", start, min(self.starts, key=lambda first: abs(first - start)))
+        expect(f"the total in {note!r}", total, solver.magic_total(self.order, start, self.distance))
+        expect(f"the numbers of {note!r}", sorted(solved.values()),
+               [start + k * Fraction(self.distance) for k in range(self.order * self.order)])
+        lines = solver.lines(self.order, diagonals=True, shapes=self.order == 5)
+        expect(f"the sums of {note!r}", {sum(solved[cell] for cell in line) for line in lines}, {total})
+
+
+BATCHES = [
+    Batch("25 of 5 by 5", 25),
+    Batch("sheets 2 to 5 twice and backwards", 60, bundles=3, first=2, last=5, copies=2, reverse=True),
+    Batch("12 of 7 by 7", 12, order=7),
+    Batch("25 of 7 by 7", 25, order=7, bundles=3, cell=10.3),
+    Batch("squares of 7 by 7", 13, order=7, bundles=2, mode="Print only completed Squares"),
+    Batch("puzzles with few blanks", 12, order=7, blanks=6, mode="Print only Puzzles"),
+    Batch("puzzles in pieces", 1, order=31, pieces=2),
+    Batch("random starting numbers", 30, start="10", drawn_starts=4, bundles=2),
+    Batch("negative fractional numbers", 7, start="-3.5", distance="0.25"),
+    Batch("two of 7 by 7 on a printer", 2, order=7, on_queue=True, cell=18),
+    Batch("sheets 2 to 5 twice and backwards on a printer", 60, bundles=3, on_queue=True, first=2, last=5,
+          copies=2, reverse=True),
+    Batch("25 of 7 by 7 on Letter paper", 25, order=7, bundles=3, on_queue=True, letter=True),
+    Batch("12 of 7 by 7 on upright Letter paper", 12, order=7, on_queue=True, letter=True, upright=True)]
 
 
 class Check:
-    def __init__(self, stage, program, pictures):
-        self.stage, self.pictures = stage, pictures
-        self.queue = PrintQueue(stage, f"quarvelle-check-{os.getpid()}")
+    def __init__(self, stage, program, pictures, queue):
+        self.stage, self.pictures, self.queue = stage, pictures, queue
         self.player = Player(stage, program)
-        self.settings = {}
+        self.entries, self.mode = {}, BOTH
+        self.sheets = self.squares = 0
 
-    def batch(self, name, count, order=5, start=1, distance=1, mode=BOTH, random=0, bundles=None, cell=None,
-              pieces=1, on_queue=False, first=1, last=None, copies=1, reverse=False):
-        """Prints and checks a batch whose squares share so many `bundles`, each a sheet or the pieces of a square."""
-        kinds, bundles = KINDS[mode], bundles or 1
-        self.set_up(count, order, start, distance, mode, random)
-        earlier = self.queue.jobs()
-        path = self.stage.scratch / f"{name.replace(' ', '-')}.pdf"
-        with self.player.dialog("Print") as dialog:
-            if not on_queue:
-                dialog.print_to(path)
-            if last or copies > 1 or reverse:
-                dialog.choose_sheets(first, last, copies, reverse)
-            dialog.act("push button", "Print")
-        everything = [(kind, sheet) for sheet in range(1, bundles * pieces + 1) for kind in kinds]
-        wanted = everything[first - 1:last] * copies
-        where = f"sent to {self.queue.name}" if on_queue else f"written to {path}"
-        self.player.wait_for_foot(f"{len(wanted)} sheet{'s' * (len(wanted) > 1)} {where}")
-        document = self.queue.document(earlier) if on_queue else path
-        subprocess.run(["pdftoppm", "-r", "100", "-png", document, self.pictures / path.stem], check=True)
-        printed = sheets.read(document)
-        expect("the sheets", [(sheet.kind, sheet.number) for sheet in printed], wanted[::-1] if reverse else wanted)
-        drawn = range(random) if random else [0]
-        self.check(printed, kinds, count, bundles, pieces, order, [Fraction(start) + k for k in drawn], Fraction(distance), random)
-        if cell and abs(printed[0].cell_width() - cell) > 0.1:
-            raise Failure(f"cells {cell} mm wide, but {printed[0].cell_width()}")
-        print(f"  {name}: {len(printed)} sheets")
-
-    def check(self, printed, kinds, count, bundles, pieces, order, starts, distance, random):
-        caption = (f" · {order} by {order} · first number{'s from' if random else ''} {solver.text(Fraction(starts[0]))}"
-                   f" · distance {solver.text(distance)}{' · challenging' * ('Puzzles' in kinds)}"
-                   f" · {datetime.date.today()}")
-        by_name = {(sheet.kind, sheet.number): sheet for sheet in printed}
-        shares = [count // bundles + (bundle < count % bundles) for bundle in range(bundles)]
-        found = {kind: {} for kind in kinds}
-        for (kind, number), sheet in by_name.items():
-            bundle = (number - 1) // pieces
-            opening = f"{kind}, sheet {number}" + (f" · {sheet.notes[0]}" if pieces > 1 else "")
-            expect("the caption", sheet.caption, opening + caption)
-            begin = sum(shares[:bundle]) + 1
-            expect("the numbers of the squares", [int(note.split(".")[0]) for note in sheet.notes],
-                   list(range(begin, begin + shares[bundle])))
-            whole = by_name.get((kinds[-1], number), sheet)
-            for note, board in zip(sheet.notes, sheet.boards(order, whole.grid()), strict=True):
-                found[kind].setdefault(note, {}).update(board)
-        if kinds != ["Puzzles"]:
-            both = set(found[kinds[0]]) & set(found[kinds[-1]])
-            puzzles, answers = ([(note, found[kind][note]) for note in sorted(both)] for kind in (kinds[0], kinds[-1]))
-            check_squares(puzzles, answers, order, starts, distance)
-            expect("a square on both", bool(both), True)
-
-    def set_up(self, count, order, start, distance, mode, random):
+    def set_up(self, batch):
         """Enters what differs from the batch before, and has it made."""
         player = self.player
-        wanted = {"Size of Square": order, "Starting Number": start, "Distance": distance,
-                  "Print how many": count, **({"Allow how many": random} if random else {})}
-        if mode != self.settings.get("mode", BOTH):
-            player.click(player.find("menu item", "Print Options"))
-            player.click(player.find("menu item", mode))
-        if bool(random) != self.settings.get("random", False):
-            player.tab_to("check box", "Choose Random")
-            press("space")
-        for name, value in wanted.items():
-            if self.settings.get(name) != value:
+        if batch.mode != self.mode:
+            player.click_menu("Print Options", batch.mode)
+        if has(player.find("check box", "Choose Random"), State.CHECKED) != bool(batch.drawn_starts):
+            player.tick("Choose Random")
+        for name, value in {"Size of Square": batch.order, "Starting Number": batch.start,
+                            "Distance": batch.distance, "Leave how many": batch.blanks,
+                            "Print how many": batch.count, "Allow how many": batch.drawn_starts or 3}.items():
+            if self.entries.get(name) != value:
                 player.enter(name, value)
-        self.settings = {**self.settings, **wanted, "mode": mode, "random": bool(random)}
+            self.entries[name] = value
+        self.mode = batch.mode
         player.push("Create")
 
-    def nothing_printed(self):
-        self.set_up(0, 5, 1, 1, BOTH, 0)
+    def order(self, batch, path, meanwhile=lambda: None):
+        """Has the batch made, for the printer or in a file; something may happen while the dialog is open."""
+        self.set_up(batch)
+        with self.player.dialog("Print") as dialog:
+            if not batch.on_queue:
+                dialog.print_to(path)
+            if batch.upright:
+                dialog.turn_upright()
+            if batch.last:
+                dialog.choose_sheets(batch.first, batch.last, batch.copies, batch.reverse)
+            meanwhile()
+            dialog.act("push button", "Print")
+
+    def look_at(self, batch, document):
+        printed = sheets.read(document)
+        self.sheets += len(printed)
+        self.squares += batch.check(printed)
+        print(f"{len(printed)} sheet{'s' * (len(printed) > 1)}")
+        return printed
+
+    def batch(self, batch):
+        print(f"  {batch.name}: ", end="", flush=True)
+        if batch.letter:
+            self.queue.add("Letter")
+        earlier, path = self.queue.jobs(), self.stage.scratch / f"{batch.name.replace(' ', '-')}.pdf"
+        self.order(batch, path)
+        wanted = batch.sheets()
+        where = f"sent to {self.queue.name}" if batch.on_queue else f"written to {path}"
+        self.player.find("status bar", f"{len(wanted)} sheet{'s' * (len(wanted) > 1)} {where}")
+        document = self.queue.document(earlier) if batch.on_queue else path
+        subprocess.run(["pdftoppm", "-r", "100", "-png", document, self.pictures / path.stem], check=True)
+        printed = self.look_at(batch, document)
+        expect("the sheets", [(sheet.kind, sheet.number) for sheet in printed], wanted)
+        if batch.cell:
+            expect("the width of cells", round(printed[0].cell_width(), 1), batch.cell)
+
+    def told(self, beginning):
         with self.player.dialog("Quarvelle") as message:
-            message.find("label", "There is nothing to print")
+            message.find("label", beginning)
             message.act("push button", "OK")
         self.player.wait_for_title("Quarvelle")
+
+    def cancelled(self):
         earlier = self.queue.jobs()
-        self.set_up(3, 5, 1, 1, BOTH, 0)
+        self.set_up(Batch("cancelled", 3))
         with self.player.dialog("Print") as dialog:
             dialog.act("push button", "Cancel")
-        self.player.wait_for_foot("Cancelled")
-        expect("no job", self.queue.jobs(), earlier)
-        print("  nothing printed for a count of 0, nor when cancelled")
+        self.player.find("status bar", "Cancelled")
+        expect("the jobs", self.queue.jobs(), earlier)
+        print("  nothing printed when cancelled")
 
-    def stopped(self):
-        """Of a batch that a key stops, the full sheets come out."""
-        self.set_up(100000, 5, 1, 1, BOTH, 0)
-        path = self.stage.scratch / "stopped.pdf"
-        with self.player.dialog("Print") as dialog:
-            dialog.print_to(path)
-            dialog.act("push button", "Print")
-        self.player.wait_for_text("some squares printed", self.player.title, r"99\d\d\d out of")
+    def begin_endless(self, name, path=None):
+        """So many squares that something can happen before they are all made."""
+        batch = Batch(name, 100000, bundles=4000, on_queue=not path)
+        self.order(batch, path)
+        see("some squares printed", lambda: re.search(r" 99\d\d\d out of ", self.player.frame.get_name()))
+        return batch
+
+    def printer_gone(self):
+        refusal = f"The printer {self.queue.name} did not take the sheets: "
+        self.order(Batch("printer gone before", 3, on_queue=True), None, self.queue.remove)
+        self.told(refusal + "There is no such printer any more")
+        self.queue.add("A4")
+        self.begin_endless("printer gone meanwhile")
+        self.queue.remove()
         press("q")
-        foot = self.player.wait_for_foot("Stopped: ")
-        count, everything = map(int, re.fullmatch(rf"Stopped: (\d+) of (\d+) sheets written to {path}", foot).groups())
-        expect("all sheets", everything, 8000)
-        printed = sheets.read(path)
-        expect("the sheets told", len(printed), count)
-        self.check(printed, KINDS[BOTH], 100000, 4000, 1, 5, [1], Fraction(1), 0)
-        print(f"  stopped with q: {count} of {everything} sheets")
+        self.told(refusal)
+        print("  told that the printer was gone, when the dialog closed and when the sheets were made")
+
+    def stopped(self, key, end):
+        """The full sheets of a batch that a key ends come out."""
+        path = self.stage.scratch / f"{key}.pdf"
+        batch = self.begin_endless(key, path)
+        press(key)
+        told = end()
+        print(f"  stopped with {key}: ", end="")
+        printed = len(self.look_at(batch, path))
+        if told:
+            expect("the foot's line", told.get_name(), f"Stopped: {printed} of 8000 sheets written to {path}")
 
     def everything(self):
-        print("Batches in files:")
-        self.batch("25 of 5 by 5", 25)
-        self.batch("sheets 2 to 5 twice and backwards", 60, bundles=3, first=2, last=5, copies=2, reverse=True)
-        self.batch("12 of 7 by 7", 12, order=7)
-        self.batch("25 of 7 by 7", 25, order=7, bundles=3, cell=10.35)
-        self.batch("two of 7 by 7", 2, order=7, cell=18)
-        self.batch("squares of 7 by 7", 13, order=7, bundles=2, mode="Print only completed Squares")
-        self.batch("puzzles in pieces", 1, order=31, pieces=2)
-        self.batch("random starting numbers", 30, start=10, random=4, bundles=2)
-        self.batch("negative fractional numbers", 7, start="-3.5", distance="0.25")
-        print("On a printer:")
-        self.batch("two of 7 by 7 on paper", 2, order=7, on_queue=True, cell=18)
-        self.batch("sheets 2 to 5 twice and backwards on paper", 60, bundles=3, on_queue=True, first=2, last=5,
-                   copies=2, reverse=True)
-        print("Ends:")
-        self.nothing_printed()
-        self.stopped()
-        self.player.choose("o", "q")
-        self.player.expect_end()
-
-
-def main(program, pictures):
-    pictures.mkdir(parents=True, exist_ok=True)
-    with contextlib.closing(Stage()) as stage:
-        try:
-            check = Check(stage, program, pictures)
-            with contextlib.closing(check.queue):
-                check.everything()
-        except Failure as failure:
-            subprocess.run(["import", "-window", "root", pictures / "failure.png"], check=True)
-            sys.exit(f"print-check failed: did not see {failure}\n{stage.said()}")
+        for batch in BATCHES:
+            self.batch(batch)
+        self.cancelled()
+        self.stopped("q", lambda: self.player.find("status bar", "Stopped: "))
+        self.printer_gone()
+        self.stopped("alt+F4", self.player.expect_end)
+        print(f"{self.sheets} sheets with {self.squares} squares came out as expected.")
 
 
 if __name__ == "__main__":
-    main(sys.argv[1], pathlib.Path(sys.argv[2]))
-    print("All sheets came out as expected.")
+    folder = pathlib.Path(sys.argv[2])
+    with on_stage(folder) as stage, contextlib.closing(PrintQueue(stage, f"quarvelle-check-{os.getpid()}")) as queue:
+        Check(stage, sys.argv[1], folder, queue).everything()

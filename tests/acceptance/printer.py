@@ -11,28 +11,27 @@ CONFIGURATION = {
     "cupsd.conf": """Listen {root}/socket
 LogLevel warn
 Browsing Off
-WebInterface No
 DefaultAuthType None
-<Location />
-Allow all
-</Location>
 <Policy default>
 <Limit All>
 Allow all
 </Limit>
 </Policy>
 """,
-    "cups-files.conf": """ServerRoot {root}
+    "cups-files.conf": """FileDevice Yes
+ServerRoot {root}
 StateDir {root}
 CacheDir {root}/cache
 RequestRoot {root}/spool
 TempDir {root}/spool/tmp
 AccessLog {root}/access-log
-ErrorLog {root}/error-log
+ErrorLog stderr
 PageLog {root}/page-log
-SystemGroup root
 """,
 }
+# A printer that prints up to the edges of its paper, made to put out PDF documents and to leave copies to the server.
+DRIVER = pathlib.Path("/usr/share/ppd/cups-pdf/CUPS-PDF_opt.ppd")
+CHANGES = '*cupsFilter: "application/vnd.cups-pdf 0 -"\n*cupsManualCopies: True\n'
 
 
 def run(*command):
@@ -42,27 +41,29 @@ def run(*command):
 class PrintQueue:
     def __init__(self, stage, name):
         self.name = name
-        # The printer takes its folder from the system's settings, and gives its sheets to nobody but root.
-        self._printed = pathlib.Path("/var/spool/cups-pdf/root")
         self._stage = stage
-        root = stage.scratch / "printer"
-        for folder in ("ppd", "cache", "spool/tmp"):
-            (root / folder).mkdir(parents=True)
+        self._root = stage.scratch / "printer"
+        (self._root / "spool" / "tmp").mkdir(parents=True)
         for file, text in CONFIGURATION.items():
-            (root / file).write_text(text.format(root=root))
-        # The server works as another user beside root.
+            (self._root / file).write_text(text.format(root=self._root))
+        (self._root / "driver").write_text(f"{DRIVER.read_text()}\n{CHANGES}")
+        # Where the server may, it works as another user.
         stage.scratch.chmod(0o711)
-        run("chgrp", "-R", "lp", str(root))
-        run("chmod", "-R", "g+rwX", str(root))
-        os.environ["CUPS_SERVER"] = f"{root}/socket"
+        os.environ["CUPS_SERVER"] = f"{self._root}/socket"
         os.environ["PATH"] += ":/usr/sbin"
-        stage.start("cupsd", "-f", "-c", f"{root}/cupsd.conf", "-s", f"{root}/cups-files.conf")
-        wait("the print server", lambda: "is running" in run("lpstat", "-r"))
-        # Of the ways through PostScript, this one keeps text as text.
-        run("lpadmin", "-p", name, "-E", "-v", f"cups-pdf:/{name}", "-P",
-            "/usr/share/ppd/cups-pdf/CUPS-PDF_opt.ppd", "-o", "pdftops-renderer-default=pdftocairo",
-            "-o", "PageSize=A4")
-        run("lpadmin", "-d", name)
+        stage.start("cupsd", "-f", "-c", f"{self._root}/cupsd.conf", "-s", f"{self._root}/cups-files.conf")
+        self.add("A4")
+
+    def add(self, paper):
+        """Sets the printer up as the only one, with that paper in it."""
+        command = ["lpadmin", "-p", self.name, "-E", "-v", f"file://{self._root}/printed.pdf", "-P",
+                   f"{self._root}/driver", "-o", f"PageSize={paper}"]
+        # The server may be about to begin.
+        wait("the printer", lambda: subprocess.run(command, stderr=self._stage.log).returncode == 0)
+        run("lpadmin", "-d", self.name)
+
+    def remove(self):
+        run("lpadmin", "-x", self.name)
 
     def jobs(self):
         return set(re.findall(rf"{self.name}-(\d+)", run("lpstat", "-W", "all", "-o")))
@@ -71,11 +72,7 @@ class PrintQueue:
         """What came out for the one job since there were those."""
         job, = wait("a print job", lambda: self.jobs() - earlier)
         wait("the job printed", lambda: f"{self.name}-{job} " in run("lpstat", "-W", "completed", "-o"))
-        name, = self._printed.glob(f"*job_{job}.pdf")
-        return name.rename(self._stage.scratch / "printed.pdf")
+        return self._root / "printed.pdf"
 
     def close(self):
-        """Takes away what the printer leaves in the system's folders."""
-        pathlib.Path(f"/var/log/cups/cups-pdf-{self.name}_log").unlink(missing_ok=True)
-        if self._printed.is_dir() and not any(self._printed.iterdir()):
-            self._printed.rmdir()
+        """The server and all that it knows end with the stage."""

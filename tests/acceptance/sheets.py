@@ -1,4 +1,4 @@
-"""Printed sheets, read from the text of their PDF document: boards, notes and captions, all lengths in millimetres."""
+"""Printed sheets, read from the text of their PDF document: boards, notes, captions. All lengths are millimetres."""
 
 import re
 import subprocess
@@ -41,9 +41,10 @@ class Sheet:
             words = [Word(height - w.bottom, w.left, height - w.top, w.right, w.text) for w in words]
             caption = next(word for word in words if word.text == caption.text)
             width, height = height, width
+        self.paper = (round(width), round(height))
         for word in words:
             if min(word.left, word.top, width - word.right, height - word.bottom) < 8.8:
-                raise Failure(f"{word.text} inside the margins")
+                raise Failure(f"saw {word.text} in the margin")
         line = [word for word in words if abs(word.bottom - caption.bottom) < 0.3]
         self.caption = " ".join(word.text for word in sorted(line, key=lambda word: word.left))
         self.kind, self.number = re.match(r"(\w+), sheet (\d+)", self.caption).groups()
@@ -66,11 +67,11 @@ class Sheet:
         """The digits are of one size, and no number touches the next."""
         heights = [word.bottom - word.top for word in self._numbers]
         if max(heights) > 1.02 * min(heights):
-            raise Failure(f"digits {min(heights)} and {max(heights)} high on one sheet")
+            raise Failure(f"saw digits {min(heights):.2f} mm and {max(heights):.2f} mm high on one sheet")
         for word, following in zip(ordered := sorted(self._numbers, key=lambda word: (round(word.top), word.left)),
                                    ordered[1:]):
             if round(word.top) == round(following.top) and following.left - word.right < self._row / 9:
-                raise Failure(f"{word.text} touching {following.text}")
+                raise Failure(f"saw {word.text} touch {following.text}")
 
     def grid(self):
         """Where columns and rows of all boards begin, as a sheet of whole squares shows them."""
@@ -102,5 +103,6 @@ class Sheet:
 
 
 def read(document):
-    text = subprocess.run(["pdftotext", "-bbox", document, "-"], capture_output=True, text=True, check=True).stdout
+    text = subprocess.run(["pdftotext", "-bbox", document, "-"], capture_output=True, check=True,
+                          encoding="utf-8").stdout
     return [Sheet(width, height, WORD.findall(words)) for width, height, words in PAGE.findall(text)]

@@ -4,15 +4,16 @@ technology, with nothing of the person's own settings. All of it ends with the s
 import contextlib
 import os
 import pathlib
-import shutil
+import re
 import signal
 import subprocess
+import sys
 import tempfile
 import time
 
 
 class Failure(Exception):
-    """Something that was to be seen was not."""
+    """Something that was to be seen was not; told in a sentence."""
 
 
 def wait(what, condition, seconds=60):
@@ -25,17 +26,46 @@ def wait(what, condition, seconds=60):
     return seen
 
 
+def expect(what, seen, wanted):
+    if seen != wanted:
+        said = f"saw {seen} as {what}, where {wanted} was wanted"
+        said = re.sub(r"Fraction\((-?\d+), 1\)", r"\1", said)
+        raise Failure(re.sub(r"Fraction\((-?\d+), (\d+)\)", r"\1/\2", said))
+
+
+def end(process):
+    """Ends a process and its whole group."""
+    for order in (signal.SIGTERM, signal.SIGKILL):
+        with contextlib.suppress(ProcessLookupError, subprocess.TimeoutExpired):
+            os.killpg(process.pid, order)
+            process.wait(10)
+
+
 class Stage:
     def __init__(self, size="1024x700"):
-        self.scratch = pathlib.Path(tempfile.mkdtemp(prefix="quarvelle-"))
-        self.log = open(self.scratch / "log", "w+")
-        self._processes = []
-        kept = {name: os.environ[name] for name in ("PATH", "LANG", "LC_ALL", "LOCPATH") if name in os.environ}
+        for order in (signal.SIGTERM, signal.SIGHUP):
+            signal.signal(order, lambda number, _: sys.exit(128 + number))
+        with contextlib.ExitStack() as self._ends:
+            # The name of a socket must be short, which a person's own folder for temporary files need not be.
+            self.scratch = pathlib.Path(self._ends.enter_context(
+                tempfile.TemporaryDirectory(prefix="quarvelle-", dir="/tmp", ignore_cleanup_errors=True)))
+            self.log = self._ends.enter_context(open(self.scratch / "log", "w+"))
+            try:
+                self._set(size)
+            except Failure as failure:
+                raise Failure(f"{failure}\n{self.said()}") from failure
+            self._ends = self._ends.pop_all()
+
+    def _set(self, size):
+        kept = {name: os.environ[name] for name in ("PATH", "LANG", "LC_ALL", "LOCPATH", "TZ") if name in os.environ}
+        runtime = self.scratch / "run"
+        runtime.mkdir(mode=0o700)
         os.environ.clear()
-        os.environ.update({"LANG": "C.UTF-8", **kept}, HOME=str(self.scratch), XDG_RUNTIME_DIR=str(self.scratch),
+        os.environ.update({"LANG": "C.UTF-8", **kept}, HOME=str(self.scratch), XDG_RUNTIME_DIR=str(runtime),
                           QT_QPA_PLATFORM="xcb", QT_ACCESSIBILITY="1", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        # A key that a busy machine lets go late doesn't repeat.
         os.environ["DISPLAY"] = ":" + self._first_line("Xvfb", "-displayfd", "1", "-screen", "0", f"{size}x24",
-                                                       "-nolisten", "tcp", "-noreset")
+                                                       "-nolisten", "tcp", "-noreset", "-r")
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._first_line("dbus-daemon", "--session", "--nofork",
                                                                   "--print-address=1")
         self.start("openbox", "--sm-disable")
@@ -49,24 +79,42 @@ class Stage:
         """A process of its own group, which ends with the stage at the latest."""
         process = subprocess.Popen(command, stderr=self.log, start_new_session=True,
                                    **{"stdout": self.log, **options})
-        self._processes.append(process)
+        self._ends.callback(end, process)
         return process
 
     def said(self):
         """What the program and the desktop have written."""
         self.log.flush()
-        return (self.scratch / "log").read_text()
+        return (self.scratch / "log").read_text(errors="replace")
+
+    def picture(self, path):
+        subprocess.run(["import", "-window", "root", path], check=True)
 
     def close(self):
-        for process in reversed(self._processes):
-            with contextlib.suppress(ProcessLookupError):
-                os.killpg(process.pid, signal.SIGTERM)
-            process.wait()
-        self.log.close()
-        shutil.rmtree(self.scratch, ignore_errors=True)
+        self._ends.close()
 
     def _first_line(self, *command):
-        return self.start(*command, stdout=subprocess.PIPE, text=True).stdout.readline().strip()
+        line = self.start(*command, stdout=subprocess.PIPE, text=True).stdout.readline().strip()
+        if not line:
+            raise Failure(f"did not see {command[0]} start")
+        return line
 
     def _succeeds(self, *command):
         return subprocess.run(command, stdout=self.log, stderr=self.log).returncode == 0
+
+
+@contextlib.contextmanager
+def on_stage(pictures):
+    """A stage for a whole script. When that fails, it says why and leaves a picture and the log in that folder."""
+    pictures.mkdir(parents=True, exist_ok=True)
+    for left in pictures.glob("failure.*"):
+        left.unlink()
+    with contextlib.closing(Stage()) as stage:
+        try:
+            yield stage
+        except Exception as failure:
+            (pictures / "failure.log").write_text(stage.said())
+            stage.picture(pictures / "failure.png")
+            if not isinstance(failure, Failure):
+                raise
+            sys.exit(f"{stage.said()}Failed: {failure}. Left of it: {pictures}/failure.png and failure.log")

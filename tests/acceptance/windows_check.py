@@ -10,9 +10,9 @@ from contextlib import closing, contextmanager
 
 import sheets
 from player import press, type_text
-from print_check import check_squares, expect
+from print_check import Batch
 from printer import PrintQueue, run
-from stage import Stage, wait
+from stage import Stage, expect, wait
 
 # What the system notes by itself: an uninstaller is a temporary file, and a printer becomes known when it is used.
 NOTED = re.compile(r"/(Temp|spool)/|\\(Windows NT|Wine)\\")
@@ -48,8 +48,10 @@ def print_batch(queue, upright):
     run("pdftocairo", "-pdf", str(queue.document(set())), str(upright))
     puzzles, answers = sheets.read(upright)
     expect("the sheets", (puzzles.kind, answers.kind, len(answers.notes)), ("Puzzles", "Answers", 3))
-    boards = ([*zip(sheet.notes, sheet.boards(5, answers.grid()), strict=True)] for sheet in (puzzles, answers))
-    check_squares(*boards, 5, [1], 1)
+    expect("the notes", answers.notes, puzzles.notes)
+    boards = (sheet.boards(5, answers.grid()) for sheet in (puzzles, answers))
+    for note, puzzle, square in zip(puzzles.notes, *boards, strict=True):
+        Batch("three of 5 by 5", 3).check_square(note, puzzle, square)
     wait("the window again", lambda: "Quarvelle" in keyboard())
 
 
