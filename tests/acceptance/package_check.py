@@ -2,28 +2,19 @@
 its dependencies in a system that has nothing else, where it leaves no trace. The first argument is the package; a
 picture of the window goes to the folder given second."""
 
-import contextlib
-import difflib
 import os
 import pathlib
 import shutil
 import subprocess
 import sys
 
-from stage import Failure, Stage, wait
+from player import press
+from stage import Failure, expect, on_stage, run, wait
 
 # As a session finds the program: by the path of its user, not by root's.
 PLAYER = {"HOME": "/home/player", "XDG_RUNTIME_DIR": "/home/player/run",
           "PATH": "/usr/local/bin:/usr/bin:/bin:/usr/local/games:/usr/games"}
 ADMINISTRATOR = {"HOME": "/root", "PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "DEBIAN_FRONTEND": "noninteractive"}
-
-
-def run(*command, **options):
-    """What the command prints; it has to succeed."""
-    ended = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, **options)
-    if ended.returncode != 0:
-        raise Failure(f"{' '.join(map(str, command))} succeed:\n{ended.stdout}")
-    return ended.stdout
 
 
 def validate(package, scratch):
@@ -38,8 +29,7 @@ def validate(package, scratch):
     warnings = subprocess.run(["man", "--warnings", "--local-file", page], stdout=subprocess.DEVNULL,
                               stderr=subprocess.PIPE, text=True, check=True,
                               env={**os.environ, "LC_ALL": "C.UTF-8", "MANROFFSEQ": "", "MANWIDTH": "80"}).stderr
-    if warnings:
-        raise Failure(f"a manual page without warnings:\n{warnings}")
+    expect("warnings of the manual page", warnings, "")
     print("Its validators have nothing to say.")
     return dict(line.split("=", 1) for line in entry.read_text().splitlines() if "=" in line)
 
@@ -52,7 +42,7 @@ def build_again(package, scratch):
     commit = run("git", "log", "-1", "--format=%ct").strip()
     run("packaging/debian/build.sh", cwd=copy, env={**os.environ, "SOURCE_DATE_EPOCH": commit}, umask=0o027)
     if (copy / package).read_bytes() != package.read_bytes():
-        raise Failure("the same package in another folder")
+        raise Failure("saw another package in another folder")
     print("Built in another folder it is the same.")
 
 
@@ -73,7 +63,7 @@ class System:
 
     def files(self):
         # What was done is written down in the system's own records.
-        return sorted(run("find", self.root, "-path", "*/var/log", "-prune", "-o", "-print").splitlines())
+        return {*run("find", self.root, "-path", "*/var/log", "-prune", "-o", "-print").splitlines()}
 
 
 def use(stage, root, entry, picture):
@@ -81,16 +71,14 @@ def use(stage, root, entry, picture):
                           env={**PLAYER, "DISPLAY": os.environ["DISPLAY"]})
     search = ["xdotool", "search", "--onlyvisible", "--class", f"^{entry['StartupWMClass']}$", "getwindowname"]
     wait("the window of the launcher's class", lambda: subprocess.run(search, stdout=stage.log).returncode == 0)
-    if (title := run(*search).strip()) != "Quarvelle":
-        raise Failure(f"the title 'Quarvelle', but {title!r}")
-    run("import", "-window", "root", picture)
-    run("xdotool", "key", "alt+F4")
-    if (code := program.wait(60)) != 0:
-        raise Failure(f"the program end with exit code 0, but {code}")
+    expect("the title", run(*search), "Quarvelle\n")
+    stage.picture(picture)
+    press("alt+F4")
+    expect("the exit code", program.wait(60), 0)
 
 
 def check(package, pictures):
-    with contextlib.closing(Stage()) as stage:
+    with on_stage(pictures) as stage:
         entry = validate(package, stage.scratch)
         build_again(package, stage.scratch)
         stage.scratch.chmod(0o711)
@@ -102,13 +90,9 @@ def check(package, pictures):
         print(system.run("dpkg", "--listfiles", "quarvelle"), end="")
         use(stage, system.root, entry, pictures / "installed.png")
         system.run("dpkg", "--purge", "quarvelle")
-        if left := list(difflib.unified_diff(before, system.files(), lineterm="", n=0)):
-            raise Failure("all as before in the system:\n" + "\n".join(left))
+        expect("what was left or is missing", before ^ system.files(), set())
 
 
 if __name__ == "__main__":
-    try:
-        check(pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]))
-    except Failure as failure:
-        sys.exit(f"package-check failed: did not see {failure}")
+    check(*map(pathlib.Path, sys.argv[1:]))
     print(f"{sys.argv[1]}: valid, reproducible, and gone when it is removed")

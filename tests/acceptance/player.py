@@ -3,7 +3,6 @@ of the program than its window tells; acts wait for what they are to bring about
 
 import contextlib
 import os
-import subprocess
 from fractions import Fraction
 
 import gi
@@ -13,17 +12,17 @@ from gi.repository import Atspi  # noqa: E402
 from gi.repository.GLib import Error as BusError  # noqa: E402
 
 import solver  # noqa: E402
-from stage import Failure, expect, wait  # noqa: E402
+from stage import Failure, expect, run, wait  # noqa: E402
 
 State = Atspi.StateType
 
 
 def press(*keys):
-    subprocess.run(["xdotool", "key", *keys], check=True)
+    run("xdotool", "key", *keys)
 
 
 def type_text(text):
-    subprocess.run(["xdotool", "type", "--", str(text)], check=True)
+    run("xdotool", "type", "--", str(text))
 
 
 def has(control, state):
@@ -181,8 +180,7 @@ class Player:
 
     def click(self, control):
         area = Atspi.Component.get_extents(control, Atspi.CoordType.SCREEN)
-        subprocess.run(["xdotool", "mousemove", str(area.x + area.width // 2), str(area.y + area.height // 2),
-                        "click", "1"], check=True)
+        run("xdotool", "mousemove", str(area.x + area.width // 2), str(area.y + area.height // 2), "click", "1")
 
     def click_menu(self, *items):
         for item in items:

@@ -1,12 +1,9 @@
 """Batches printed from the window, in files and on a printer: each sheet that comes out is read back and is the one
 to expect. Pictures of the sheets go to the folder given second; the first argument is the program."""
 
-import contextlib
 import datetime
-import os
 import pathlib
 import re
-import subprocess
 import sys
 import types
 from fractions import Fraction
@@ -15,7 +12,7 @@ import sheets
 import solver
 from player import Player, has, press, see, State
 from printer import PrintQueue
-from stage import expect, on_stage
+from stage import expect, on_stage, run
 
 KINDS = {"Print only completed Squares": ["Squares"], "Print only Puzzles": ["Puzzles"],
          "Print both Puzzles and Answers": ["Puzzles", "Answers"]}
@@ -168,7 +165,7 @@ class Check:
         where = f"sent to {self.queue.name}" if batch.on_queue else f"written to {path}"
         self.player.find("status bar", f"{len(wanted)} sheet{'s' * (len(wanted) > 1)} {where}")
         document = self.queue.document(earlier) if batch.on_queue else path
-        subprocess.run(["pdftoppm", "-r", "100", "-png", document, self.pictures / path.stem], check=True)
+        run("pdftoppm", "-r", "100", "-png", document, self.pictures / path.stem)
         printed = self.look_at(batch, document)
         expect("the sheets", [(sheet.kind, sheet.number) for sheet in printed], wanted)
         if batch.cell:
@@ -230,5 +227,5 @@ class Check:
 
 if __name__ == "__main__":
     folder = pathlib.Path(sys.argv[2])
-    with on_stage(folder) as stage, contextlib.closing(PrintQueue(stage, f"quarvelle-check-{os.getpid()}")) as queue:
-        Check(stage, sys.argv[1], folder, queue).everything()
+    with on_stage(folder) as stage:
+        Check(stage, sys.argv[1], folder, PrintQueue(stage, "quarvelle-check")).everything()

@@ -5,7 +5,7 @@ import pathlib
 import re
 import subprocess
 
-from stage import wait
+from stage import run, wait
 
 CONFIGURATION = {
     "cupsd.conf": """Listen {root}/socket
@@ -32,10 +32,6 @@ PageLog {root}/page-log
 # A printer that prints up to the edges of its paper, made to put out PDF documents and to leave copies to the server.
 DRIVER = pathlib.Path("/usr/share/ppd/cups-pdf/CUPS-PDF_opt.ppd")
 CHANGES = '*cupsFilter: "application/vnd.cups-pdf 0 -"\n*cupsManualCopies: True\n'
-
-
-def run(*command):
-    return subprocess.run(command, capture_output=True, text=True, check=True).stdout
 
 
 class PrintQueue:
@@ -73,6 +69,3 @@ class PrintQueue:
         job, = wait("a print job", lambda: self.jobs() - earlier)
         wait("the job printed", lambda: f"{self.name}-{job} " in run("lpstat", "-W", "completed", "-o"))
         return self._root / "printed.pdf"
-
-    def close(self):
-        """The server and all that it knows end with the stage."""

@@ -1,11 +1,10 @@
 """Printed sheets, read from the text of their PDF document: boards, notes, captions. All lengths are millimetres."""
 
 import re
-import subprocess
 from bisect import bisect_right
 from fractions import Fraction
 
-from stage import Failure
+from stage import Failure, run
 
 PAGE = re.compile(r'<page width="(.*?)" height="(.*?)">(.*?)</page>', re.S)
 WORD = re.compile(r'<word xMin="(.*?)" yMin="(.*?)" xMax="(.*?)" yMax="(.*?)">(.*?)</word>')
@@ -103,6 +102,5 @@ class Sheet:
 
 
 def read(document):
-    text = subprocess.run(["pdftotext", "-bbox", document, "-"], capture_output=True, check=True,
-                          encoding="utf-8").stdout
+    text = run("pdftotext", "-bbox", document, "-")
     return [Sheet(width, height, WORD.findall(words)) for width, height, words in PAGE.findall(text)]

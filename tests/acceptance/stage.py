@@ -33,6 +33,14 @@ def expect(what, seen, wanted):
         raise Failure(re.sub(r"Fraction\((-?\d+), (\d+)\)", r"\1/\2", said))
 
 
+def run(*command, **options):
+    """What the command prints; it has to succeed."""
+    ended = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8", **options)
+    if ended.returncode != 0:
+        raise Failure(f"saw {' '.join(map(str, command))} fail:\n{ended.stdout}")
+    return ended.stdout
+
+
 def end(process):
     """Ends a process and its whole group."""
     for order in (signal.SIGTERM, signal.SIGKILL):
@@ -42,7 +50,7 @@ def end(process):
 
 
 class Stage:
-    def __init__(self, size="1024x700"):
+    def __init__(self, size):
         for order in (signal.SIGTERM, signal.SIGHUP):
             signal.signal(order, lambda number, _: sys.exit(128 + number))
         with contextlib.ExitStack() as self._ends:
@@ -88,7 +96,7 @@ class Stage:
         return (self.scratch / "log").read_text(errors="replace")
 
     def picture(self, path):
-        subprocess.run(["import", "-window", "root", path], check=True)
+        run("import", "-window", "root", path)
 
     def close(self):
         self._ends.close()
@@ -104,12 +112,12 @@ class Stage:
 
 
 @contextlib.contextmanager
-def on_stage(pictures):
+def on_stage(pictures, size="1024x700"):
     """A stage for a whole script. When that fails, it says why and leaves a picture and the log in that folder."""
     pictures.mkdir(parents=True, exist_ok=True)
     for left in pictures.glob("failure.*"):
         left.unlink()
-    with contextlib.closing(Stage()) as stage:
+    with contextlib.closing(Stage(size)) as stage:
         try:
             yield stage
         except Exception as failure:

@@ -4,15 +4,14 @@ the engine's tests there. The first argument is the folder of the build, the sec
 import os
 import pathlib
 import re
-import subprocess
 import sys
-from contextlib import closing, contextmanager
+from contextlib import contextmanager
 
 import sheets
 from player import press, type_text
 from print_check import Batch
-from printer import PrintQueue, run
-from stage import Stage, expect, wait
+from printer import PrintQueue
+from stage import expect, on_stage, run, wait
 
 # What the system notes by itself: an uninstaller is a temporary file, and a printer becomes known when it is used.
 NOTED = re.compile(r"/(Temp|spool)/|\\(Windows NT|Wine)\\")
@@ -28,8 +27,9 @@ def contents(drive):
 
 def keyboard():
     """Title and number of the window that has the keyboard."""
-    return subprocess.run(["xdotool", "getwindowfocus", "getwindowname", "getwindowgeometry"],
-                          capture_output=True, text=True).stdout.splitlines()[:2]
+    # No window may have it for a moment, which the command takes for a failure.
+    command = "xdotool getwindowfocus getwindowname getwindowgeometry || true"
+    return run("sh", "-c", command).splitlines()[:2]
 
 
 @contextmanager
@@ -80,7 +80,7 @@ def start_windows(stage, dots):
     return drive
 
 
-def install_and_use(stage, drive, installer, picture):
+def install_and_use(stage, drive, installer, dots, pictures):
     before = contents(drive)
     run("wine", str(installer), "/S")
     installed = contents(drive) - before
@@ -91,34 +91,30 @@ def install_and_use(stage, drive, installer, picture):
     with running(stage, program) as window:
         press(*["Tab"] * 6, "space")
         wait("that there is no printer", lambda: "Quarvelle" in (at := keyboard()) and at != window)
-        picture("no-printer")
+        stage.picture(pictures / f"no-printer-{dots}.png")
         press("Return")
         wait("the window again", lambda: keyboard() == window)
-        picture("main-page")
-    with closing(PrintQueue(stage, f"quarvelle-check-{os.getpid()}")) as queue, running(stage, program):
+        stage.picture(pictures / f"main-page-{dots}.png")
+    queue = PrintQueue(stage, "quarvelle-check")
+    with running(stage, program):
         print_batch(queue, stage.scratch / "upright.pdf")
         practise()
-        picture("practising")
+        stage.picture(pictures / f"practising-{dots}.png")
     run("wine", str(program.with_name("uninstall.exe")), "/S")
     wait("all of it go", lambda: not installed & contents(drive))
     expect("the same as before", contents(drive) ^ before, set())
 
 
 def main(build, pictures):
-    pictures.mkdir(parents=True, exist_ok=True)
     installer, = build.glob("quarvelle-*-setup.exe")
     for dots, size, tests in ("96", "1024x700", "engine_tests"), ("192", "2048x1400", "puzzle_tests"):
         print(f"At {dots} dots an inch:")
-        with closing(Stage(size)) as stage:
-            try:
-                drive = start_windows(stage, dots)
-                subprocess.run(["wine", f"{build}/tree/tests/{tests}.exe", "--gtest_brief=1"], check=True)
-                install_and_use(stage, drive, installer,
-                                lambda name: run("import", "-window", "root", f"{pictures}/{name}-{dots}.png"))
-            finally:
-                run("wineserver", "--kill")
+        with on_stage(pictures, size) as stage:
+            drive = start_windows(stage, dots)
+            print(run("wine", f"{build}/tree/tests/{tests}.exe", "--gtest_brief=1"), end="")
+            install_and_use(stage, drive, installer, dots, pictures)
 
 
 if __name__ == "__main__":
     main(*map(pathlib.Path, sys.argv[1:]))
-    print("Closed in the middle of a square, the program ended with exit code 0; uninstalled, it left nothing behind.")
+    print("Closed in the middle of a square, the program ended with exit code 0, and uninstalled, it left nothing.")
