@@ -9,6 +9,5 @@ lines() {
 }
 tests=$(lines "${code[@]/#/tests/}")
 all=$(lines "${code[@]}")
-share=$((1000 * tests / all))
-echo "Tests: $tests of $all lines of code, $((share / 10)).$((share % 10)) in 100; 25 to 33 are right."
-((share >= 250 && share <= 330))
+echo "Tests: $tests of $all lines of code, $((100 * tests / all)) in 100; 25 to 33 are right."
+((tests * 100 / all >= 25 && tests * 100 / all <= 33))

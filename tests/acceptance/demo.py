@@ -1,5 +1,5 @@
-"""The program's story, played on a desktop of its own: every title, board and page is the one to expect. Pictures for
-whoever wants to look go to the folder given second; the first argument is the program."""
+# The program's story, played on a desktop of its own: every title, board and page is the one to expect. Pictures for
+# whoever wants to look go to the folder given second; the first argument is the program.
 
 import pathlib
 import sys
@@ -15,9 +15,6 @@ EVERY_SHAPE = ["Include All Cross-Diagonals", "Include All Cross-Lines", "Includ
 class Story:
     def __init__(self, stage, program, pictures):
         self.stage, self.program, self.pictures = stage, program, pictures
-
-    def begin(self):
-        self.player = Player(self.stage, self.program)
 
     def picture(self, name):
         self.stage.picture(self.pictures / f"{name}.png")
@@ -42,12 +39,12 @@ class Story:
         player.push("Done")
         self.practise(5)
         self.picture("3-practising")
-        player.solve_by_keyboard(5, solver.lines(5, shapes=True), 65, wrong_answers=1)
+        player.solve_by_keyboard(5, solver.lines(5, shapes=True), 65)
         self.picture("4-solved-and-next")
         self.quit_playing()
         player.enter("Size of Square", 11)
         self.practise(11)
-        player.solve_by_keyboard(11, solver.lines(11), 671, wrong_answers=1)
+        player.solve_by_keyboard(11, solver.lines(11), 671)
         self.quit_playing()
 
     def answer_with_the_mouse(self, order, total, count):
@@ -92,11 +89,11 @@ class Story:
         self.quit_playing()
 
     def tell(self):
-        self.begin()
+        self.player = Player(self.stage, self.program)
         self.by_keyboard_alone()
         self.player.choose("Options", "Quit")
         self.player.expect_end()
-        self.begin()
+        self.player = Player(self.stage, self.program)
         self.with_the_mouse()
         print("The window closed in the middle of a square")
         self.practise(23)

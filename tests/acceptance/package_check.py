@@ -1,11 +1,10 @@
-"""Takes the Debian package for what it claims to be: it validates, comes out the same elsewhere, and needs nothing but
-its dependencies in a system that has nothing else, where it leaves no trace. The first argument is the package; a
-picture of the window goes to the folder given second."""
+# Takes the Debian package for what it claims to be: it validates, comes out the same elsewhere, and needs nothing but
+# its dependencies in a system that has nothing else, where it leaves no trace. The first argument is the package; a
+# picture of the window goes to the folder given second.
 
 import os
 import pathlib
 import shutil
-import subprocess
 import sys
 
 from player import press
@@ -26,19 +25,16 @@ def validate(package, scratch):
     run("desktop-file-validate", entry)
     run("appstreamcli", "validate", "--pedantic", "--no-net", metadata)
     run("lintian", "--fail-on", "error,warning", "--allow-root", package)
-    warnings = subprocess.run(["man", "--warnings", "--local-file", page], stdout=subprocess.DEVNULL,
-                              stderr=subprocess.PIPE, text=True, check=True,
-                              env={**os.environ, "LC_ALL": "C.UTF-8", "MANROFFSEQ": "", "MANWIDTH": "80"}).stderr
-    expect("warnings of the manual page", warnings, "")
+    manual = "LC_ALL=C.UTF-8 MANROFFSEQ= MANWIDTH=80 man --warnings --local-file"
+    expect("warnings of the manual page", run("sh", "-c", f"{manual} {page} 2>&1 >/dev/null"), "")
     print("Its validators have nothing to say.")
     return dict(line.split("=", 1) for line in entry.read_text().splitlines() if "=" in line)
 
 
 def build_again(package, scratch):
     copy = scratch / "another folder"
-    for file in run("git", "ls-files").splitlines():
-        (copy / file).parent.mkdir(parents=True, exist_ok=True)
-        shutil.copy2(file, copy / file)
+    copy.mkdir()
+    run("sh", "-c", 'git ls-files -z | xargs -0 cp --parents --target-directory "$0"', copy)
     commit = run("git", "log", "-1", "--format=%ct").strip()
     run("packaging/debian/build.sh", cwd=copy, env={**os.environ, "SOURCE_DATE_EPOCH": commit}, umask=0o027)
     if (copy / package).read_bytes() != package.read_bytes():
@@ -47,7 +43,7 @@ def build_again(package, scratch):
 
 
 class System:
-    """A minimal one in a folder, in which the dependencies are installed."""
+    # A minimal one in a folder, in which the dependencies are installed.
 
     def __init__(self, root, depends):
         self.root = root
@@ -70,7 +66,7 @@ def use(stage, root, entry, picture):
     program = stage.start("/usr/sbin/chroot", "--userspec=player", root, entry["Exec"],
                           env={**PLAYER, "DISPLAY": os.environ["DISPLAY"]})
     search = ["xdotool", "search", "--onlyvisible", "--class", f"^{entry['StartupWMClass']}$", "getwindowname"]
-    wait("the window of the launcher's class", lambda: subprocess.run(search, stdout=stage.log).returncode == 0)
+    wait("the window of the launcher's class", lambda: stage.succeeds(*search))
     expect("the title", run(*search), "Quarvelle\n")
     stage.picture(picture)
     press("alt+F4")

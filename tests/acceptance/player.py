@@ -1,5 +1,5 @@
-"""A person at the program who sees what a screen reader sees, and has a keyboard and a mouse. Nothing here knows more
-of the program than its window tells; acts wait for what they are to bring about, never for a time."""
+# A person at the program who sees what a screen reader sees, and has a keyboard and a mouse. Nothing here knows more
+# of the program than its window tells; acts wait for what they are to bring about, never for a time.
 
 import contextlib
 import os
@@ -30,7 +30,7 @@ def has(control, state):
 
 
 def see(what, condition):
-    """As wait; what goes away while it is looked at isn't there."""
+    # As wait; what goes away while it is looked at isn't there.
     def look():
         with contextlib.suppress(BusError):
             return condition()
@@ -60,7 +60,7 @@ class Player:
 
     @contextlib.contextmanager
     def dialog(self, title):
-        """While a dialog of that title is there, the player looks at nothing else."""
+        # While a dialog of that title is there, the player looks at nothing else.
         def look():
             return next((child for child in children(self._application)
                          if child != window and child.get_name() == title and has(child, State.SHOWING)), None)
@@ -79,7 +79,7 @@ class Player:
                 yield from self._all(child)
 
     def all(self, role, name=""):
-        """The controls of that role whose names begin so, those that can be seen and used."""
+        # The controls of that role whose names begin so, those that can be seen and used.
         return [control for control in self._all(self.frame) if control.get_role_name() == role
                 and control.get_name().startswith(name) and has(control, State.ENABLED)]
 
@@ -101,7 +101,7 @@ class Player:
         return self.find("table", "Puzzle of ")
 
     def board(self):
-        """The numbers of the cells by row and column from 0, None for blanks."""
+        # The numbers of the cells by row and column from 0, None for blanks.
         table = self.table()
         order = Atspi.Table.get_n_rows(table)
         names = [table.get_child_at_index(index).get_name() for index in range(order * order)]
@@ -111,7 +111,7 @@ class Player:
     # --- Keyboard ---
 
     def tab_to(self, role, name):
-        """Walks there key by key, as one who has no mouse."""
+        # Walks there key by key, as one who has no mouse.
         control = self.find(role, name)
         for _ in range(40):
             focused = see("something with the keyboard", self._focused)
@@ -137,42 +137,42 @@ class Player:
         self.wait_for(box, State.CHECKED, not checked)
 
     def enter(self, name, text):
-        """Replaces what the box of that name holds."""
+        # Replaces what the box of that name holds.
         box = self.tab_to("text", name)
         press("ctrl+a", "Delete")
         type_text(text)
         see(f"{text!r} in the box {name!r}", lambda: Atspi.Text.get_text(box, 0, -1) == str(text))
 
     def choose(self, *items):
-        """Menu items by their underlined letters, each when it shows."""
+        # Menu items by their underlined letters, each when it shows.
         for item in items:
             letter = Atspi.Action.get_key_binding(self.find("menu item", item), 0)[-1].lower()
             press(letter if self.all("popup menu") else f"alt+{letter}")
 
     def go_to(self, board, cell):
-        """From blank to blank, as they are read."""
+        # From blank to blank, as they are read.
         table = self.table()
         blanks = sorted(place for place, number in board.items() if number is None)
         for blank in blanks[:blanks.index(cell) + 1]:
             press("Home" if blank == blanks[0] else "Tab")
             self.wait_for(Atspi.Table.get_accessible_at(table, *blank), State.FOCUSED)
 
-    def solve_by_keyboard(self, order, in_play, total, wrong_answers=0):
-        """A whole square; the next one comes."""
+    def solve_by_keyboard(self, order, in_play, total):
+        # A whole square, with one wrong answer; the next one comes.
         board = self.board()
         answers = solver.solve(board, total, in_play)
         blanks = sum(number is None for number in board.values())
         expect("the number of blanks to be found", len(answers), blanks)
         for right, (cell, number) in enumerate(answers, 1):
             self.go_to(board, cell)
-            for wrong in range(wrong_answers if right == 1 else 0):
+            if right == 1:
                 type_text(solver.text(number + 1)[:2])
                 press("Return")
-                self.wait_for_score(order, 0, 0, wrong + 1)
+                self.wait_for_score(order, 0, 0, 1)
             type_text(solver.text(number))
             press("Return")
             board[cell] = number
-            self.wait_for_score(order, int(right == blanks), right, wrong_answers)
+            self.wait_for_score(order, int(right == blanks), right, 1)
         see("the next square", lambda: None in self.board().values())
         print(f"  solved a {order} by {order} square with {blanks} blanks")
 
@@ -197,7 +197,7 @@ class Player:
     # --- The print dialog ---
 
     def act(self, role, name, state=None):
-        """Does to a control what it is there for, which may bring it into that state."""
+        # Does to a control what it is there for, which may bring it into that state.
         control = self.find(role, name)
         Atspi.Action.do_action(control, 0)
         if state:
@@ -235,9 +235,8 @@ class Player:
     # --- The end ---
 
     def expect_end(self):
-        """The program ends by itself, well, and leaves nothing running."""
-        wait("the program end", lambda: self.process.poll() is not None)
-        expect("the exit code", self.process.returncode, 0)
+        # The program ends by itself, well, and leaves nothing running.
+        expect("the exit code", self.process.wait(60), 0)
         wait("all that it started end", self._nothing_runs)
         print("  ended with exit code 0, nothing left running")
 

@@ -1,5 +1,5 @@
-"""Batches printed from the window, in files and on a printer: each sheet that comes out is read back and is the one
-to expect. Pictures of the sheets go to the folder given second; the first argument is the program."""
+# Batches printed from the window, in files and on a printer: each sheet that comes out is read back and is the one
+# to expect. Pictures of the sheets go to the folder given second; the first argument is the program.
 
 import datetime
 import pathlib
@@ -29,7 +29,7 @@ DEFAULTS = {
 
 
 class Batch(types.SimpleNamespace):
-    """What is asked for, and what is to come of it."""
+    # What is asked for, and what is to come of it.
 
     def __init__(self, name, count, **particulars):
         super().__init__(name=name, count=count, **{**DEFAULTS, **particulars})
@@ -44,14 +44,14 @@ class Batch(types.SimpleNamespace):
         return wanted[::-1] if self.reverse else wanted
 
     def numbers(self, sheet):
-        """Of the squares on that sheet."""
+        # Of the squares on that sheet.
         bundle = (sheet - 1) // self.pieces
         fewest, fuller = divmod(self.count, self.bundles)
         begin = bundle * fewest + min(bundle, fuller) + 1
         return list(range(begin, begin + fewest + (bundle < fuller)))
 
     def caption(self, sheet):
-        """All of it but the day."""
+        # All of it but the day.
         return " · ".join([
             f"{sheet.kind}, sheet {sheet.number}", *(sheet.notes if self.pieces > 1 else []),
             f"{self.order} by {self.order}",
@@ -60,7 +60,7 @@ class Batch(types.SimpleNamespace):
             *(["challenging"] if "Puzzles" in self.kinds else [])])
 
     def check(self, printed):
-        """Returns how many different squares were there."""
+        # Returns how many different squares were there.
         by_name = {(sheet.kind, sheet.number): sheet for sheet in printed}
         found = {kind: {} for kind in self.kinds}
         for sheet in by_name.values():
@@ -78,7 +78,7 @@ class Batch(types.SimpleNamespace):
         return len({note for kind in found.values() for note in kind})
 
     def check_square(self, note, puzzle, square=None):
-        """The square is complete, with the total in its note; the puzzle leads there and nowhere else."""
+        # The square is complete, with the total in its note; the puzzle leads there and nowhere else.
         total = Fraction(sheets.NOTE.match(note).group(2))
         solved = {**puzzle, **dict(solver.solve(puzzle, total, solver.lines(self.order)))}
         blanks = list(puzzle.values()).count(None)
@@ -98,7 +98,6 @@ class Batch(types.SimpleNamespace):
 BATCHES = [
     Batch("25 of 5 by 5", 25),
     Batch("sheets 2 to 5 twice and backwards", 60, bundles=3, first=2, last=5, copies=2, reverse=True),
-    Batch("12 of 7 by 7", 12, order=7),
     Batch("25 of 7 by 7", 25, order=7, bundles=3, cell=10.3),
     Batch("squares of 7 by 7", 13, order=7, bundles=2, mode="Print only completed Squares"),
     Batch("puzzles with few blanks", 12, order=7, blanks=6, mode="Print only Puzzles"),
@@ -120,7 +119,7 @@ class Check:
         self.sheets = self.squares = 0
 
     def set_up(self, batch):
-        """Enters what differs from the batch before, and has it made."""
+        # Enters what differs from the batch before, and has it made.
         player = self.player
         if batch.mode != self.mode:
             player.click_menu("Print Options", batch.mode)
@@ -136,7 +135,7 @@ class Check:
         player.push("Create")
 
     def order(self, batch, path, meanwhile=lambda: None):
-        """Has the batch made, for the printer or in a file; something may happen while the dialog is open."""
+        # Has the batch made, for the printer or in a file; something may happen while the dialog is open.
         self.set_up(batch)
         with self.player.dialog("Print") as dialog:
             if not batch.on_queue:
@@ -177,17 +176,8 @@ class Check:
             message.act("push button", "OK")
         self.player.wait_for_title("Quarvelle")
 
-    def cancelled(self):
-        earlier = self.queue.jobs()
-        self.set_up(Batch("cancelled", 3))
-        with self.player.dialog("Print") as dialog:
-            dialog.act("push button", "Cancel")
-        self.player.find("status bar", "Cancelled")
-        expect("the jobs", self.queue.jobs(), earlier)
-        print("  nothing printed when cancelled")
-
     def begin_endless(self, name, path=None):
-        """So many squares that something can happen before they are all made."""
+        # So many squares that something can happen before they are all made.
         batch = Batch(name, 100000, bundles=4000, on_queue=not path)
         self.order(batch, path)
         see("some squares printed", lambda: re.search(r" 99\d\d\d out of ", self.player.frame.get_name()))
@@ -205,7 +195,7 @@ class Check:
         print("  told that the printer was gone, when the dialog closed and when the sheets were made")
 
     def stopped(self, key, end):
-        """The full sheets of a batch that a key ends come out."""
+        # The full sheets of a batch that a key ends come out.
         path = self.stage.scratch / f"{key}.pdf"
         batch = self.begin_endless(key, path)
         press(key)
@@ -218,7 +208,6 @@ class Check:
     def everything(self):
         for batch in BATCHES:
             self.batch(batch)
-        self.cancelled()
         self.stopped("q", lambda: self.player.find("status bar", "Stopped: "))
         self.printer_gone()
         self.stopped("alt+F4", self.player.expect_end)

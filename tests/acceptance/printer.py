@@ -1,9 +1,8 @@
-"""A print server of its own with one printer, which puts out each job as a PDF document. It ends with the stage."""
+# A print server of its own with one printer, which puts out each job as a PDF document. It ends with the stage.
 
 import os
 import pathlib
 import re
-import subprocess
 
 from stage import run, wait
 
@@ -51,11 +50,11 @@ class PrintQueue:
         self.add("A4")
 
     def add(self, paper):
-        """Sets the printer up as the only one, with that paper in it."""
+        # Sets the printer up as the only one, with that paper in it.
         command = ["lpadmin", "-p", self.name, "-E", "-v", f"file://{self._root}/printed.pdf", "-P",
                    f"{self._root}/driver", "-o", f"PageSize={paper}"]
         # The server may be about to begin.
-        wait("the printer", lambda: subprocess.run(command, stderr=self._stage.log).returncode == 0)
+        wait("the printer", lambda: self._stage.succeeds(*command))
         run("lpadmin", "-d", self.name)
 
     def remove(self):
@@ -65,7 +64,7 @@ class PrintQueue:
         return set(re.findall(rf"{self.name}-(\d+)", run("lpstat", "-W", "all", "-o")))
 
     def document(self, earlier):
-        """What came out for the one job since there were those."""
+        # What came out for the one job since there were those.
         job, = wait("a print job", lambda: self.jobs() - earlier)
         wait("the job printed", lambda: f"{self.name}-{job} " in run("lpstat", "-W", "completed", "-o"))
         return self._root / "printed.pdf"

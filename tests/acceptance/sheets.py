@@ -1,4 +1,4 @@
-"""Printed sheets, read from the text of their PDF document: boards, notes, captions. All lengths are millimetres."""
+# Printed sheets, read from the text of their PDF document: boards, notes, captions. All lengths are millimetres.
 
 import re
 from bisect import bisect_right
@@ -18,7 +18,7 @@ class Word:
 
 
 def places(values, tolerance):
-    """The places that values lie at, in order; each begins more than the tolerance after the last one."""
+    # The places that values lie at, in order; each begins more than the tolerance after the last one.
     starts = []
     for value in sorted(values):
         if not starts or value - starts[-1] > tolerance:
@@ -63,7 +63,7 @@ class Sheet:
         self.check_digits()
 
     def check_digits(self):
-        """The digits are of one size, and no number touches the next."""
+        # The digits are of one size, and no number touches the next.
         heights = [word.bottom - word.top for word in self._numbers]
         if max(heights) > 1.02 * min(heights):
             raise Failure(f"saw digits {min(heights):.2f} mm and {max(heights):.2f} mm high on one sheet")
@@ -73,13 +73,13 @@ class Sheet:
                 raise Failure(f"saw {word.text} touch {following.text}")
 
     def grid(self):
-        """Where columns and rows of all boards begin, as a sheet of whole squares shows them."""
+        # Where columns and rows of all boards begin, as a sheet of whole squares shows them.
         # A number may be set in by the room for a sign.
         return (places((word.left for word in self._numbers), self._row / 3),
                 places((word.top for word in self._numbers), self._row / 3))
 
     def boards(self, order, grid):
-        """The numbers of each board by row and column from 0, None for blanks; a piece has what it shows."""
+        # The numbers of each board by row and column from 0, None for blanks; a piece has what it shows.
         columns, rows = grid
         if self.label:
             across, down = (int(text) - 1 for text in self.label.split(","))

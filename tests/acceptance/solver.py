@@ -1,4 +1,4 @@
-"""Solves a puzzle as a person does: again and again, a line with one blank gives that blank."""
+# Solves a puzzle as a person does: again and again, a line with one blank gives that blank.
 
 from fractions import Fraction
 
@@ -9,7 +9,7 @@ SHAPES = {
 
 
 def lines(order, diagonals=False, shapes=False):
-    """Rows, columns, main diagonals; every broken diagonal; every cross and scattered cross around the edges."""
+    # Rows, columns, main diagonals; every broken diagonal; every cross and scattered cross around the edges.
     cells = range(order)
     found = [[(row, column) for column in cells] for row in cells]
     found += [[(row, column) for row in cells] for column in cells]
@@ -23,7 +23,7 @@ def lines(order, diagonals=False, shapes=False):
 
 
 def solve(board, total, in_play):
-    """The blanks in an order in which they can be found, with their numbers."""
+    # The blanks in an order in which they can be found, with their numbers.
     board = dict(board)
     answers = []
     while True:
@@ -38,7 +38,7 @@ def solve(board, total, in_play):
 
 
 def text(number):
-    """As a person would type it: a whole number, or a decimal one."""
+    # As a person would type it: a whole number, or a decimal one.
     return str(number) if number.denominator == 1 else str(float(number))
 
 

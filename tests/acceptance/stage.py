@@ -1,5 +1,5 @@
-"""A desktop of its own for the program: a virtual display, a window manager, a session bus and the bus of assistive
-technology, with nothing of the person's own settings. All of it ends with the stage."""
+# A desktop of its own for the program: a virtual display, a window manager, a session bus and the bus of assistive
+# technology, with nothing of the person's own settings. All of it ends with the stage.
 
 import contextlib
 import os
@@ -17,7 +17,7 @@ class Failure(Exception):
 
 
 def wait(what, condition, seconds=60):
-    """The first true value of the condition, which is asked again and again."""
+    # The first true value of the condition, which is asked again and again.
     deadline = time.monotonic() + seconds
     while not (seen := condition()):
         if time.monotonic() > deadline:
@@ -34,7 +34,7 @@ def expect(what, seen, wanted):
 
 
 def run(*command, **options):
-    """What the command prints; it has to succeed."""
+    # What the command prints; it has to succeed.
     ended = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8", **options)
     if ended.returncode != 0:
         raise Failure(f"saw {' '.join(map(str, command))} fail:\n{ended.stdout}")
@@ -42,7 +42,7 @@ def run(*command, **options):
 
 
 def end(process):
-    """Ends a process and its whole group."""
+    # Ends a process and its whole group.
     for order in (signal.SIGTERM, signal.SIGKILL):
         with contextlib.suppress(ProcessLookupError, subprocess.TimeoutExpired):
             os.killpg(process.pid, order)
@@ -78,20 +78,20 @@ class Stage:
                                                                   "--print-address=1")
         self.start("openbox", "--sm-disable")
         self.start("/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
-        wait("the window manager", lambda: self._succeeds("xdotool", "get_desktop"))
-        wait("the bus of assistive technology", lambda: self._succeeds(
+        wait("the window manager", lambda: self.succeeds("xdotool", "get_desktop"))
+        wait("the bus of assistive technology", lambda: self.succeeds(
             "dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
             "org.a11y.Bus.GetAddress"))
 
     def start(self, *command, **options):
-        """A process of its own group, which ends with the stage at the latest."""
+        # A process of its own group, which ends with the stage at the latest.
         process = subprocess.Popen(command, stderr=self.log, start_new_session=True,
                                    **{"stdout": self.log, **options})
         self._ends.callback(end, process)
         return process
 
     def said(self):
-        """What the program and the desktop have written."""
+        # What the program and the desktop have written.
         self.log.flush()
         return (self.scratch / "log").read_text(errors="replace")
 
@@ -107,13 +107,13 @@ class Stage:
             raise Failure(f"did not see {command[0]} start")
         return line
 
-    def _succeeds(self, *command):
+    def succeeds(self, *command):
         return subprocess.run(command, stdout=self.log, stderr=self.log).returncode == 0
 
 
 @contextlib.contextmanager
 def on_stage(pictures, size="1024x700"):
-    """A stage for a whole script. When that fails, it says why and leaves a picture and the log in that folder."""
+    # A stage for a whole script. When that fails, it says why and leaves a picture and the log in that folder.
     pictures.mkdir(parents=True, exist_ok=True)
     for left in pictures.glob("failure.*"):
         left.unlink()

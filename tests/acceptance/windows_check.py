@@ -1,5 +1,5 @@
-"""Installs, uses and removes the Windows program under Wine, on a screen of 96 dots an inch and on one of 192, and runs
-the engine's tests there. The first argument is the folder of the build, the second one that for pictures."""
+# Installs, uses and removes the Windows program under Wine, on a screen of 96 dots an inch and on one of 192, and runs
+# the engine's tests there. The first argument is the folder of the build, the second one that for pictures.
 
 import os
 import pathlib
@@ -19,14 +19,14 @@ SCORE = "Number of (5 by 5) Complete Magic Square(s) solved: 0 / Numbers correct
 
 
 def contents(drive):
-    """All files, and all places of settings of programs."""
+    # All files, and all places of settings of programs.
     settings = run("wine", "reg", "query", r"HKCU\Software", "/s").splitlines()
     everything = {*map(str, drive.rglob("*")), *(line for line in settings if line.startswith("HKEY"))}
     return {item.removeprefix(f"{drive}/") for item in everything if not NOTED.search(item)}
 
 
 def keyboard():
-    """Title and number of the window that has the keyboard."""
+    # Title and number of the window that has the keyboard.
     # No window may have it for a moment, which the command takes for a failure.
     command = "xdotool getwindowfocus getwindowname getwindowgeometry || true"
     return run("sh", "-c", command).splitlines()[:2]

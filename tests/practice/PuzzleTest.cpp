@@ -60,21 +60,24 @@ protected:
 };
 
 TEST_F(Puzzles, HaveUniformSquares) {
-    constexpr int outcomes = 28800;
-    const auto s = stateOf(5, 1, 1);
-    std::map<std::vector<double>, int> counts;
-    for (int draw = 0; draw < 30 * outcomes; ++draw) {
-        buildCompleteSquare(*s, random, events);
-        // The other rows follow from the first two.
-        std::vector<double> rows(s->square[1].begin() + 1, s->square[1].begin() + 6);
-        rows.insert(rows.end(), s->square[2].begin() + 1, s->square[2].begin() + 6);
-        ++counts[rows];
+    for (const auto& [n, outcomes] : {std::pair{5, 28800}, {7, 49 * 12}, {13, 169 * 12}}) {
+        const auto s = stateOf(n, 1, 1);
+        std::map<std::vector<int>, int> counts;
+        for (int draw = 0; draw < 30 * outcomes; ++draw) {
+            buildCompleteSquare(*s, random, events);
+            // The rows of a square of order 5 follow from the first two.
+            std::vector<int> outcome(s->square[1].begin(), s->square[1].begin() + 6);
+            outcome.insert(outcome.end(), s->square[2].begin(), s->square[2].begin() + 6);
+            if (n > 5)
+                outcome = {s->placedRow[1], s->placedColumn[1], s->firstDirection, s->stepDirection};
+            ++counts[outcome];
+        }
+        EXPECT_EQ(std::ssize(counts), outcomes);
+        double chiSquare = 0;
+        for (const auto& [outcome, count] : counts)
+            chiSquare += (count - 30) * (count - 30) / 30.0;
+        EXPECT_LT(std::fabs(chiSquare - outcomes) / std::sqrt(2 * outcomes), 4) << n;
     }
-    EXPECT_EQ(std::ssize(counts), outcomes);
-    double chiSquare = 0;
-    for (const auto& [rows, count] : counts)
-        chiSquare += (count - 30) * (count - 30) / 30.0;
-    EXPECT_LT(std::fabs(chiSquare - outcomes) / std::sqrt(2 * outcomes), 4);
 }
 
 TEST_F(Puzzles, AreSolvableLineByLineAndEqualToTheLiteralOnes) {
@@ -88,26 +91,92 @@ TEST_F(Puzzles, AreSolvableLineByLineAndEqualToTheLiteralOnes) {
                 }
 }
 
-TEST(LineKinds, AreSteppedThroughCellByCell) {
-    for (int kind = 1; kind <= lineKindCount; ++kind) {
-        std::array<int, 4> modes{};
-        if (kind > 4)
-            modes[(kind - 5) / 5] = PropertyMode::all;
-        const auto s = stateOf(5, kind < 3, kind == 3 || kind == 4, Difficulty::easy, modes);
-        s->lineKind = s->probeKind = kind;
-        s->anchorRow = s->anchorCol = s->curRow = s->curCol = 8;
-        s->probeAnchorRow = s->probeAnchorCol = s->probeRow = s->probeCol = 8;
-        Line line{{3, 3}}, probed{{3, 3}};
-        for (s->stepIndex = 0; s->stepIndex < 4; ++s->stepIndex) {
+TEST(Puzzle, FollowsItsDrawsAndStopsAtAnyTurn) {
+    const std::vector<double> draws{
+        // 1 stands in (3, 5). The first axis steps two down and one across and holds 1, 4, 2, 7, 3, 6, 5; a
+        // second 4 is drawn over.
+        0.36, 0.64, 0.9, 0.6, 0.42, 0.08, 0.42, 0.92, 0.25, 0.75, 0.58,
+        // That direction is taken: the second steps one up and two across. It holds 1, 15, 43, 8, 29, 22, 36.
+        0.1, 0.6, 0.1, 0.3, 0.25, 0.92, 0.08, 0.58, 0.42, 0.75,
+        // The root is row 1 through (1, 2). (3, 4) is off the diagonals: kind 3 is drawn over, then comes its
+        // column.
+        0.07, 0.21, 0.3, 0.36, 0.5, 0.6, 0.1,
+        // (1, 5) lies on the root line, (3, 4) is blank already. (3, 3): only its row holds a blank, so only
+        // the row will do. (6, 4): its column is taken; a row is all there is.
+        0.07, 0.64, 0.1, 0.36, 0.5, 0.36, 0.36, 0.1, 0.8, 0.3, 0.79, 0.5, 0.3};
+    const std::array<double, 7> rows[] = {{10, 43, 21, 5, 37, 27, 32},       {7, 40, 23, 34, 11, 45, 15},
+                                          {30, 13, 1e201, 1e200, 1, 42, 26}, {18, 3, 36, 28, 33, 9, 48},
+                                          {22, 35, 12, 44, 20, 4, 38},       {47, 16, 6, 1e201, 24, 29, 14},
+                                          {41, 25, 31, 8, 49, 19, 2}};
+    constexpr int squareTurns = 55, turns = 61;
+    for (int stopAt = 1; stopAt <= turns + 1; ++stopAt) {
+        const auto state = stateOf(7, 1, 0);
+        state->blankCount = 3;
+        ScriptedRandom random(draws);
+        ScriptedEvents events;
+        events.onYield = [&](int turn) {
+            if (turn == stopAt)
+                state->stopRequested = Request::stop;
+        };
+        buildCompleteSquare(*state, random, events);
+        EXPECT_EQ(state->puzzle == Grid{}, stopAt <= squareTurns) << "an unfinished square was copied";
+        if (stopAt > squareTurns)
+            selectBlanks(*state, random, events);
+        EXPECT_EQ(events.yields(), std::min(stopAt, turns));
+        for (int row = 0; row < 7 && stopAt > turns; ++row)
+            EXPECT_TRUE(std::equal(rows[row].begin(), rows[row].end(), state->puzzle[row + 1].begin() + 1));
+    }
+}
+
+TEST(LineKinds, AreSteppedThroughByTheirTable) {
+    // Kinds 5 to 9 and 15 to 19; five kinds further on they are twice as large.
+    const int shapes[][5][2] = {
+        {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}},   {{2, 0}, {2, 2}, {0, 2}, {1, 1}},
+        {{-2, 0}, {-2, 2}, {0, 2}, {-1, 1}},    {{0, -2}, {2, -2}, {2, 0}, {1, -1}},
+        {{0, -2}, {-2, -2}, {-2, 0}, {-1, -1}}, {{-1, 0}, {0, -1}, {1, 0}, {0, 1}},
+        {{0, 1}, {0, 2}, {-1, 1}, {1, 1}},      {{1, 0}, {2, 0}, {1, -1}, {1, 1}},
+        {{-1, 0}, {-2, 0}, {-1, -1}, {-1, 1}},  {{0, -1}, {0, -2}, {-1, -1}, {1, -1}}};
+    const Cell wholeLines[] = {{1, 0}, {0, 1}, {1, -1}, {1, 1}};
+    for (int kind = 1; kind <= lineKindCount; ++kind)
+        for (int step = -1; step <= 6; ++step) {
+            const auto s = stateOf(5, 1, 1);
+            s->lineKind = s->probeKind = kind;
+            s->stepIndex = step;
+            s->anchorRow = s->probeAnchorRow = 10;
+            s->anchorCol = s->probeAnchorCol = 12;
+            s->curRow = s->curCol = s->probeRow = s->probeCol = 20;
             findline2(*s);
             findline1(*s);
-            line.push_back({(s->curRow + 4) % 5 + 1, (s->curCol + 4) % 5 + 1});
-            probed.push_back({(s->probeRow + 4) % 5 + 1, (s->probeCol + 4) % 5 + 1});
+            // The probe takes the steps 0 and 2 of three arms of a cross-diagonal in the other order.
+            const bool exchanges = kind < 15 && (kind - 5) % 5 > 1 && step % 2 == 0;
+            const auto expected = [&](int at) {
+                if (kind < 5 || at < 0 || at > 4)
+                    return Cell{20, 20};
+                const int* offset = shapes[(kind - 5) / 10 * 5 + (kind - 5) % 5][at];
+                const int size = 1 + (kind - 5) / 5 % 2;
+                return Cell{10 + size * offset[0], 12 + size * offset[1]};
+            };
+            const Cell main = kind < 5
+                                  ? Cell{20, 20} + Step{wholeLines[kind - 1].row, wholeLines[kind - 1].column}
+                                  : expected(step);
+            EXPECT_TRUE((Cell{s->curRow, s->curCol} == main)) << kind << ' ' << step;
+            const Cell probe = expected(exchanges && step >= 0 && step <= 2 ? 2 - step : step);
+            EXPECT_TRUE((Cell{s->probeRow, s->probeCol} == probe)) << kind << ' ' << step;
         }
-        std::ranges::sort(line);
-        std::ranges::sort(probed);
-        EXPECT_EQ(linesInPlay(*s).count(line), 1) << kind;
-        EXPECT_TRUE(kind < 5 || probed == line) << kind;
+}
+
+TEST(LineKinds, HaveOneCellEachThatOnlyTheyFit) {
+    // "Only Main" on an empty puzzle: what the centre and four cells at the edge become.
+    const Cell corners[] = {{3, 3}, {1, 1}, {5, 1}, {1, 5}, {5, 5}};
+    const Cell middles[] = {{3, 3}, {3, 1}, {1, 3}, {5, 3}, {3, 5}};
+    for (int kind = 5; kind <= lineKindCount; ++kind) {
+        const auto s = stateOf(5, 1, 1, Difficulty::challenging, {1, 1, 1, 1});
+        const Cell cell = kind < 15 ? corners[kind % 5] : middles[kind % 5];
+        s->anchorRow = cell.row;
+        s->anchorCol = cell.column;
+        propertyFamilies[(kind - 5) / 5].place(*s);
+        EXPECT_EQ(cellAt(s->puzzle, cell), leadingNumber("1e" + std::to_string(199 + kind)));
+        EXPECT_EQ(s->blankPlaced, 1);
     }
 }
 

@@ -1,5 +1,9 @@
+#include <QScrollBar>
+#include <QTimer>
+
 #include "tests/support/WindowFixture.h"
 #include "ui/PageScale.h"
+#include "ui/QtEventQueue.h"
 
 namespace quarvelle::testing {
 using LookTest = WindowFixture;
@@ -169,8 +173,25 @@ TEST_F(LookTest, SmallScreensScroll) {
     window().resize(500, 300);
     menus().client->ensureWidgetVisible(page().Label7);
     EXPECT_EQ(page().Label7->visibleRegion(), page().Label7->rect());
+    page().Text2->setFocus();
+    const int place = menus().client->verticalScrollBar()->value();
+    pressKey(Qt::Key_Up);
+    EXPECT_EQ(menus().client->verticalScrollBar()->value(), place) << "the key is the size's";
     click(page().Command2);
     EXPECT_TRUE(window().informationPage().visibleRegion().contains(QPoint(0, 0))) << "its top";
+}
+
+TEST(EventQueue, GoesToTheToolkitOnceAnIntervalAndAfterAWait) {
+    QtEventQueue::Clock::time_point time;
+    QtEventQueue events([&time] { return time; });
+    std::string turns(11, '.');
+    for (std::size_t turn = 0; turn < turns.size(); ++turn) {
+        QObject receiver;
+        QTimer::singleShot(0, &receiver, [&] { turns[turn] = 'x', time += events.turnInterval / 4; });
+        turn == 5 ? events.wait() : events.yield();
+        time += events.turnInterval / 4;
+    }
+    EXPECT_EQ(turns, "x...xxx...x") << "the interval counts from the end of a turn";
 }
 
 } // namespace quarvelle::testing
