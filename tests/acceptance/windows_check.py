@@ -74,7 +74,6 @@ def start_windows(stage, dots):
     drive.mkdir(parents=True)
     os.environ.update(WINEPREFIX=str(drive.parent), WINEDEBUG="-all", WINEDLLOVERRIDES="mscoree,mshtml=",
                       CUPS_SERVER=str(stage.scratch / "no-printer"))
-    stage.start("wineserver", "--foreground", "--persistent")
     stage.start("wine", "wineboot", "--init").wait()
     run("wine", "reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d", dots)
     return drive
@@ -113,6 +112,7 @@ def main(build, pictures):
             drive = start_windows(stage, dots)
             print(run("wine", f"{build}/tree/tests/{tests}.exe", "--gtest_brief=1"), end="")
             install_and_use(stage, drive, installer, dots, pictures)
+            run("wineserver", "--wait")
 
 
 if __name__ == "__main__":
