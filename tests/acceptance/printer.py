@@ -57,9 +57,6 @@ class PrintQueue:
         wait("the printer", lambda: self._stage.succeeds(*command))
         run("lpadmin", "-d", self.name)
 
-    def remove(self):
-        run("lpadmin", "-x", self.name)
-
     def jobs(self):
         return set(re.findall(rf"{self.name}-(\d+)", run("lpstat", "-W", "all", "-o")))
 

@@ -60,17 +60,6 @@ class Sheet:
         self._numbers = [word for word in words if word.text != self.label]
         tops = places((word.top for word in self._numbers), 0.5)
         self._row = min(below - above for above, below in zip(tops, tops[1:]))
-        self.check_digits()
-
-    def check_digits(self):
-        # The digits are of one size, and no number touches the next.
-        heights = [word.bottom - word.top for word in self._numbers]
-        if max(heights) > 1.02 * min(heights):
-            raise Failure(f"saw digits {min(heights):.2f} mm and {max(heights):.2f} mm high on one sheet")
-        for word, following in zip(ordered := sorted(self._numbers, key=lambda word: (round(word.top), word.left)),
-                                   ordered[1:]):
-            if round(word.top) == round(following.top) and following.left - word.right < self._row / 9:
-                raise Failure(f"saw {word.text} touch {following.text}")
 
     def grid(self):
         # Where columns and rows of all boards begin, as a sheet of whole squares shows them.
@@ -95,10 +84,6 @@ class Sheet:
             board = found.setdefault((row // order, column // order), dict.fromkeys(cells))
             board[row % order, column % order] = Fraction(word.text)
         return [found[place] for place in sorted(found)]
-
-    def cell_width(self):
-        columns, _ = self.grid()
-        return min(right - left for left, right in zip(columns, columns[1:]))
 
 
 def read(document):

@@ -349,6 +349,10 @@ TEST(PrintJob, IsWholeOrNotThereAndSaysWhy) {
     EXPECT_TRUE(job.begin().contains("no printer"));
     for (int sheet = 0; sheet < 2; ++sheet)
         EXPECT_EQ(job.print(Sheet{drawing, {8, 8, 745, 523}, 0.3, "Squares"}), "");
+    const QByteArray temporary = qgetenv("TMPDIR");
+    qputenv("TMPDIR", "/proc"); // which has no room at all
+    EXPECT_TRUE(job.print(Sheet{drawing, {8, 8, 745, 523}, 0.3, "Squares"}).contains("No space left"));
+    qputenv("TMPDIR", temporary);
 }
 
 } // namespace quarvelle::testing

@@ -1,7 +1,6 @@
 #include <QClipboard>
 #include <QDialog>
 #include <QKeySequence>
-#include <QWheelEvent>
 #include <random>
 
 #include "tests/robot/Inspector.h"
@@ -265,13 +264,7 @@ protected:
         window().resize(QSize{below(3000) + 1, below(1800) + 1});
     }
 
-    void zoom() {
-        if (below(3) == 0)
-            return oneOf(std::vector{menus().zoomin, menus().zoomout, menus().zoomfit})->trigger();
-        QWheelEvent event({}, {}, {}, {0, below(1000) - 500}, Qt::NoButton,
-                          below(4) == 0 ? Qt::NoModifier : Qt::ControlModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(menus().client->viewport(), &event);
-    }
+    void zoom() { oneOf(std::vector{menus().zoomin, menus().zoomout, menus().zoomfit})->trigger(); }
 };
 
 TEST_F(Robot, FindsNothing) {

@@ -1,5 +1,6 @@
 #include <QScrollBar>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include "tests/support/WindowFixture.h"
 #include "ui/PageScale.h"
@@ -22,6 +23,9 @@ TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
         EXPECT_EQ((page().Label11->text() + " / " + page().Label18->text()).toStdString(), readouts);
         EXPECT_EQ(page().Command4->isEnabled() + page().Command1->isEnabled(), runsOffered) << readouts;
     }
+    enter("103", "1", "1");
+    EXPECT_EQ(page().Command1->toolTip(), "Only up to 101 by 101.");
+    EXPECT_EQ(page().Command4->toolTip(), "The board is larger than the page.");
     type(page().text4, "1234567890");
     EXPECT_EQ(page().text4->text(), "123456789") << "nine digits";
     menus().sqr7->trigger();
@@ -156,6 +160,37 @@ TEST_F(LookTest, CaptionsAreWholeAtEveryFactor) {
     }
 }
 
+TEST_F(LookTest, PagesAreAlikeAtEveryFactor) {
+    const auto expectAlike = [this] {
+        QImage alike;
+        for (const double factor : {1.0, 2.0, 3.0}) {
+            window().resize((QSizeF(760, 540) * factor).toSize() + QSize(0, window().menuBar()->height()));
+            // Of so few pixels, each is the mean of a place as large as a letter.
+            const QImage seen = menus().pages->currentWidget()->grab().toImage().scaled(
+                95, 68, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            alike = factor == 1 ? seen : alike;
+            int different = 0;
+            for (int place = 0; place < seen.width() * seen.height(); ++place) {
+                const QPoint at(place % seen.width(), place / seen.width());
+                different += std::abs(qGray(seen.pixel(at)) - qGray(alike.pixel(at))) > 32;
+            }
+            EXPECT_LT(different, 4) << "places at factor " << factor;
+        }
+    };
+    window().setWindowState(Qt::WindowNoState);
+    for (const int current : {Page::main, Page::information, Page::properties}) {
+        menus().pages->setCurrentIndex(current);
+        expectAlike();
+    }
+    menus().pages->setCurrentIndex(Page::main);
+    events.onWait = [&] {
+        expectAlike();
+        pressKey(Qt::Key_Q);
+    };
+    enter("23", "-24", "0.5");
+    click(page().Command4);
+}
+
 TEST_F(LookTest, CaptionsAreBlackInEveryTheme) {
     for (const QPalette& theme : {QPalette(QColor(35, 35, 38)), QApplication::palette()}) {
         QApplication::setPalette(theme);
@@ -177,6 +212,9 @@ TEST_F(LookTest, SmallScreensScroll) {
     const int place = menus().client->verticalScrollBar()->value();
     pressKey(Qt::Key_Up);
     EXPECT_EQ(menus().client->verticalScrollBar()->value(), place) << "the key is the size's";
+    QWheelEvent notch({}, {}, {}, {0, 120}, Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(menus().client->viewport(), &notch);
+    EXPECT_EQ(PageScale::factorOf(*page().Text2), 1.25);
     click(page().Command2);
     EXPECT_TRUE(window().informationPage().visibleRegion().contains(QPoint(0, 0))) << "its top";
 }
