@@ -224,14 +224,6 @@ class Player:
         if reverse:
             self.act("check box", "Reverse", State.CHECKED)
 
-    def turn_upright(self):
-        self.act("push button", "Properties")
-        with self.dialog("Printer Properties"):
-            portrait = self.find("radio button", "Portrait")
-            self.click(portrait)
-            self.wait_for(portrait, State.CHECKED)
-            self.act("push button", "OK")
-
     # --- The end ---
 
     def expect_end(self):

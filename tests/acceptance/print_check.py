@@ -23,7 +23,7 @@ BOTH = "Print both Puzzles and Answers"
 FIRST_DAY = str(datetime.date.today())
 DEFAULTS = {
     "order": 5, "start": "1", "distance": "1", "blanks": 100, "drawn_starts": 0, "mode": BOTH,
-    "on_queue": False, "letter": False, "upright": False, "first": 1, "last": None, "copies": 1, "reverse": False,
+    "on_queue": False, "letter": False, "first": 1, "last": None, "copies": 1, "reverse": False,
     # So many sheets, or squares in pieces, share the squares.
     "bundles": 1, "pieces": 1}
 
@@ -35,8 +35,7 @@ class Batch(types.SimpleNamespace):
         super().__init__(name=name, count=count, **{**DEFAULTS, **particulars})
         self.kinds = KINDS[self.mode]
         self.starts = [Fraction(self.start) + k for k in range(self.drawn_starts or 1)]
-        long, short = (279, 216) if self.letter else (297, 210)
-        self.paper = (short, long) if self.upright else (long, short)
+        self.paper = (279, 216) if self.letter else (297, 210)
 
     def sheets(self):
         everything = [(kind, sheet) for sheet in range(1, self.bundles * self.pieces + 1) for kind in self.kinds]
@@ -107,8 +106,7 @@ BATCHES = [
     Batch("two of 7 by 7 on a printer", 2, order=7, on_queue=True),
     Batch("sheets 2 to 5 twice and backwards on a printer", 60, bundles=3, on_queue=True, first=2, last=5,
           copies=2, reverse=True),
-    Batch("25 of 7 by 7 on Letter paper", 25, order=7, bundles=3, on_queue=True, letter=True),
-    Batch("12 of 7 by 7 on upright Letter paper", 12, order=7, on_queue=True, letter=True, upright=True)]
+    Batch("25 of 7 by 7 on Letter paper", 25, order=7, bundles=3, on_queue=True, letter=True)]
 
 
 class Check:
@@ -140,8 +138,6 @@ class Check:
         with self.player.dialog("Print") as dialog:
             if not batch.on_queue:
                 dialog.print_to(path)
-            if batch.upright:
-                dialog.turn_upright()
             if batch.last:
                 dialog.choose_sheets(batch.first, batch.last, batch.copies, batch.reverse)
             dialog.act("push button", "Print")

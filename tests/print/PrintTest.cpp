@@ -2,15 +2,18 @@
 #include <QDir>
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressBar>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <csignal>
 #include <ranges>
 #include <sys/resource.h>
 
 #include "engine/MagicArithmetic.h"
 #include "print/PdfFileJob.h"
+#include "print/QtPrinter.h"
 #include "print/QueueJob.h"
 #include "print/SheetPainter.h"
 #include "tests/support/WindowFixture.h"
@@ -353,6 +356,17 @@ TEST(PrintJob, IsWholeOrNotThereAndSaysWhy) {
     qputenv("TMPDIR", "/proc"); // which has no room at all
     EXPECT_TRUE(job.print(Sheet{drawing, {8, 8, 745, 523}, 0.3, "Squares"}).contains("No space left"));
     qputenv("TMPDIR", temporary);
+}
+
+TEST(QtPrinter, AsksWithTheSystemsDialogForAFileAtLeast) {
+    QWidget window;
+    QTimer::singleShot(0, [] {
+        const auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        EXPECT_TRUE(dialog->testOption(QPrintDialog::PrintPageRange) && dialog->maxPage() == 7);
+    });
+    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+    EXPECT_FALSE(QtPrinter(window).choose("Squares", 7).job);
 }
 
 } // namespace quarvelle::testing

@@ -1,3 +1,4 @@
+#include <QAbstractEventDispatcher>
 #include <QScrollBar>
 #include <QTimer>
 #include <QWheelEvent>
@@ -230,6 +231,20 @@ TEST(EventQueue, GoesToTheToolkitOnceAnIntervalAndAfterAWait) {
         time += events.turnInterval / 4;
     }
     EXPECT_EQ(turns, "x...xxx...x") << "the interval counts from the end of a turn";
+}
+
+TEST(DrawingSurface, PaintsEveryChangeSoonAndThenRests) {
+    struct : DrawingSurface {
+        int paints = 0;
+        void paintEvent(QPaintEvent* event) override { DrawingSurface::paintEvent(event), ++paints; }
+    } surface;
+    surface.show();
+    for (int change = 0; change < 3; ++change, surface.paints = 0) {
+        surface.drawText(0, 0, "1", 9);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return surface.paints > 0; }));
+    }
+    const auto* dispatcher = QAbstractEventDispatcher::instance();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return dispatcher->registeredTimers(&surface).isEmpty(); }));
 }
 
 } // namespace quarvelle::testing
