@@ -57,7 +57,6 @@ class Story:
             player.wait_for_score(order, 0, right, 0)
             board[cell] = number
         see("the answers on the board", lambda: player.board() == board)
-        print(f"  answered {count} blanks of a {order} by {order} square")
 
     def with_the_mouse(self):
         print("With the mouse: New Square, Start Over, Quit playing, large squares and fractions")

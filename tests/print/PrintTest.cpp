@@ -361,11 +361,11 @@ TEST(PrintJob, IsWholeOrNotThereAndSaysWhy) {
 TEST(QtPrinter, AsksWithTheSystemsDialogForAFileAtLeast) {
     QWidget window;
     QTimer::singleShot(0, [] {
-        const auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
         ASSERT_TRUE(dialog);
         EXPECT_TRUE(dialog->testOption(QPrintDialog::PrintPageRange) && dialog->maxPage() == 7);
+        dialog->close();
     });
-    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
     EXPECT_FALSE(QtPrinter(window).choose("Squares", 7).job);
 }
 

@@ -218,6 +218,8 @@ TEST_F(LookTest, SmallScreensScroll) {
     EXPECT_EQ(PageScale::factorOf(*page().Text2), 1.25);
     click(page().Command2);
     EXPECT_TRUE(window().informationPage().visibleRegion().contains(QPoint(0, 0))) << "its top";
+    pressKey(Qt::Key_Return);
+    EXPECT_EQ(state().currentPage, Page::main);
 }
 
 TEST(EventQueue, GoesToTheToolkitOnceAnIntervalAndAfterAWait) {
