@@ -18,7 +18,6 @@ KINDS = {"Print only completed Squares": ["Squares"], "Print only Puzzles": ["Pu
          "Print both Puzzles and Answers": ["Puzzles", "Answers"]}
 BOTH = "Print both Puzzles and Answers"
 
-
 # A run that goes on past midnight sees two days.
 FIRST_DAY = str(datetime.date.today())
 DEFAULTS = {
@@ -163,17 +162,13 @@ class Check:
         printed = self.look_at(batch, document)
         expect("the sheets", [(sheet.kind, sheet.number) for sheet in printed], wanted)
 
-    def begin_endless(self, name, path=None):
-        # So many squares that something can happen before they are all made.
-        batch = Batch(name, 100000, bundles=4000, on_queue=not path)
-        self.order(batch, path)
-        see("some squares printed", lambda: re.search(r" 99\d\d\d out of ", self.player.frame.get_name()))
-        return batch
-
     def stopped(self, key, end):
         # The full sheets of a batch that a key ends come out.
         path = self.stage.scratch / f"{key}.pdf"
-        batch = self.begin_endless(key, path)
+        # So many squares that something can happen before they are all made.
+        batch = Batch(key, 100000, bundles=4000)
+        self.order(batch, path)
+        see("some squares printed", lambda: re.search(r" 99\d\d\d out of ", self.player.frame.get_name()))
         press(key)
         told = end()
         print(f"  stopped with {key}: ", end="")

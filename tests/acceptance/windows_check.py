@@ -47,7 +47,8 @@ def print_batch(queue, upright):
     # Of a page that is turned, text and size would be told in different directions.
     run("pdftocairo", "-pdf", str(queue.document(set())), str(upright))
     puzzles, answers = sheets.read(upright)
-    expect("the sheets", (puzzles.kind, answers.kind, len(answers.notes)), ("Puzzles", "Answers", 3))
+    expect("the sheets", (puzzles.kind, answers.kind, answers.notes), ("Puzzles", "Answers", puzzles.notes))
+    expect("the number of squares", len(puzzles.notes), 3)
     boards = (sheet.boards(5, answers.grid()) for sheet in (puzzles, answers))
     for note, puzzle, square in zip(puzzles.notes, *boards, strict=True):
         Batch("three of 5 by 5", 3).check_square(note, puzzle, square)
