@@ -126,8 +126,10 @@ void BoardPage::announce(const QString& news) {
 }
 
 void BoardPage::tellCellChanged() {
+    // It is the selected one, whether or not another window has the keyboard.
     if (QAccessible::isActive())
-        tell(QAccessible::queryAccessibleInterface(this)->focusChild(), QAccessible::NameChanged);
+        tell(QAccessible::queryAccessibleInterface(this)->tableInterface()->selectedCells().value(0),
+             QAccessible::NameChanged);
 }
 
 } // namespace quarvelle
