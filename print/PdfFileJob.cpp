@@ -11,11 +11,6 @@ PdfFileJob::PdfFileJob(const QString& fileName, const QPageLayout& layout, const
     m_writer.setCreator("Quarvelle");
 }
 
-PdfFileJob::~PdfFileJob() {
-    if (m_painter.isActive())
-        m_painter.end();
-}
-
 QString PdfFileJob::begin() {
     return m_file.open(QIODevice::WriteOnly) ? QString() : failure();
 }

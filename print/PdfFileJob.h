@@ -14,7 +14,6 @@ namespace quarvelle {
 class PdfFileJob final : public PrintJob {
 public:
     PdfFileJob(const QString& fileName, const QPageLayout& layout, const QString& documentName);
-    ~PdfFileJob() override;
 
     QString begin() override;
     QString print(const Sheet& sheet) override;
@@ -25,7 +24,7 @@ private:
 
     QSaveFile m_file;
     QPdfWriter m_writer;
-    QPainter m_painter;
+    QPainter m_painter; ///< goes first, then what it paints on
 };
 
 } // namespace quarvelle

@@ -26,11 +26,6 @@ bool hasRoom() {
 
 QueueJob::QueueJob(std::unique_ptr<QPrinter> printer) : m_printer(std::move(printer)) {}
 
-QueueJob::~QueueJob() {
-    if (m_painter.isActive())
-        m_painter.end();
-}
-
 QString QueueJob::begin() {
     if (m_printer->printerName().isEmpty())
         return "There is no printer. Set one up in the system's settings, and then print again.";

@@ -12,7 +12,6 @@ namespace quarvelle {
 class QueueJob final : public PrintJob {
 public:
     explicit QueueJob(std::unique_ptr<QPrinter> printer);
-    ~QueueJob() override;
 
     QString begin() override;
     QString print(const Sheet& sheet) override;
@@ -22,7 +21,7 @@ private:
     QString failure(const QString& reason) const;
 
     std::unique_ptr<QPrinter> m_printer;
-    QPainter m_painter;
+    QPainter m_painter; ///< goes first, and ends the job with what was printed
 };
 
 } // namespace quarvelle

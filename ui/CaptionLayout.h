@@ -19,8 +19,6 @@ public:
 
     /// Whether the whole text lies inside the box at a width that can be read.
     bool fits() const { return m_fits; }
-    /// Width drawn over natural width, at most 1.
-    double condensed() const { return m_condensed; }
 
     /// `box` is the one laid out in, in its place at 100 %; `painter` enlarges nothing.
     void draw(QPainter& painter, const QRectF& box, Qt::Alignment alignment, double factor) const;
@@ -32,7 +30,7 @@ private:
     QSizeF m_box;
     QStringList m_lines;
     double m_lineHeight = 0;
-    double m_condensed = 1;
+    double m_condensed = 1; ///< width drawn over natural width, at most 1
     bool m_fits = false;
 };
 
