@@ -5,7 +5,7 @@ import pathlib
 import sys
 
 import solver
-from player import Player, press, see, type_text
+from player import Player, press, see
 from stage import on_stage
 
 EVERY_SHAPE = ["Include All Cross-Diagonals", "Include All Cross-Lines", "Include All Scattered-Cross-Diagonals",
@@ -39,24 +39,13 @@ class Story:
         player.push("Done")
         self.practise(5)
         self.picture("3-practising")
-        player.solve_by_keyboard(5, solver.lines(5, shapes=True), 65)
+        player.answer(player.go_to, 5, 65, solver.lines(5, shapes=True))
         self.picture("4-solved-and-next")
         self.quit_playing()
         player.enter("Size of Square", 11)
         self.practise(11)
-        player.solve_by_keyboard(11, solver.lines(11), 671)
+        player.answer(player.go_to, 11, 671, solver.lines(11))
         self.quit_playing()
-
-    def answer_with_the_mouse(self, order, total, count):
-        player = self.player
-        board = player.board()
-        for right, (cell, number) in enumerate(solver.solve(board, total, solver.lines(order))[:count], 1):
-            player.click_cell(*cell)
-            type_text(solver.text(number))
-            press("Return")
-            player.wait_for_score(order, 0, right, 0)
-            board[cell] = number
-        see("the answers on the board", lambda: player.board() == board)
 
     def with_the_mouse(self):
         print("With the mouse: New Square, Start Over, Quit playing, large squares and fractions")
@@ -64,23 +53,20 @@ class Story:
         player.click_menu("Size of Square", "7 by 7")
         player.click(player.find("push button", "Practice Solving Squares"))
         player.wait_for_score(7, 0, 0, 0)
-        self.answer_with_the_mouse(7, 175, 3)
-        for item, right in (("New Square", 3), ("Start Over", 0)):
+        player.answer(player.click_on, 7, 175, solver.lines(7), 3)
+        for item, *score in (("New Square", 3, 1), ("Start Over", 0, 0)):
             before = player.board()
             player.click_menu("Options", item)
             see("another square", lambda: player.board() != before)
-            player.wait_for_score(7, 0, right, 0)
+            player.wait_for_score(7, 0, *score)
         player.click_menu("Options", "Quit playing")
         player.wait_for_title("Quarvelle")
-        player.enter("Size of Square", 29)
         player.enter("Starting Number", -24)
         player.enter("Distance", "0.5")
-        player.find("label", "(Larger than Page)")
-        self.picture("5-larger-than-page")
         player.enter("Size of Square", 23)
         self.practise(23)
-        self.answer_with_the_mouse(23, solver.magic_total(23, -24, "0.5"), 5)
-        self.picture("6-fractions")
+        player.answer(player.click_on, 23, 2484, solver.lines(23), 5)
+        self.picture("5-fractions")
         self.quit_playing()
 
     def tell(self):

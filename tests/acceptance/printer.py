@@ -8,7 +8,6 @@ from stage import run, wait
 
 CONFIGURATION = {
     "cupsd.conf": """Listen {root}/socket
-LogLevel warn
 Browsing Off
 DefaultAuthType None
 <Policy default>
@@ -47,12 +46,8 @@ class PrintQueue:
         os.environ["CUPS_SERVER"] = f"{self._root}/socket"
         os.environ["PATH"] += ":/usr/sbin"
         stage.start("cupsd", "-f", "-c", f"{self._root}/cupsd.conf", "-s", f"{self._root}/cups-files.conf")
-        self.add("A4")
-
-    def add(self, paper):
-        # Sets the printer up as the only one, with that paper in it.
         command = ["lpadmin", "-p", self.name, "-E", "-v", f"file://{self._root}/printed.pdf", "-P",
-                   f"{self._root}/driver", "-o", f"PageSize={paper}"]
+                   f"{self._root}/driver", "-o", "PageSize=A4"]
         # The server may be about to begin.
         wait("the printer", lambda: self._stage.succeeds(*command))
         run("lpadmin", "-d", self.name)

@@ -54,10 +54,8 @@ class Sheet:
             note = words[begin:begin + 4]
             noted.update(note)
             self.notes.append((round(note[0].top), note[0].left, " ".join(word.text for word in note)))
-        self.notes = [text for _, _, text in sorted(self.notes)] or [NOTE.search(self.caption).group()]
-        words = [word for word in words if word not in noted]
-        self.label = next((word.text for word in words if re.fullmatch(r"\d+,\d+", word.text)), None)
-        self._numbers = [word for word in words if word.text != self.label]
+        self.notes = [text for _, _, text in sorted(self.notes)]
+        self._numbers = [word for word in words if word not in noted]
         tops = places((word.top for word in self._numbers), 0.5)
         self._row = min(below - above for above, below in zip(tops, tops[1:]))
 
@@ -68,15 +66,8 @@ class Sheet:
                 places((word.top for word in self._numbers), self._row / 3))
 
     def boards(self, order, grid):
-        # The numbers of each board by row and column from 0, None for blanks; a piece has what it shows.
+        # The numbers of each board by row and column from 0, None for blanks.
         columns, rows = grid
-        if self.label:
-            across, down = (int(text) - 1 for text in self.label.split(","))
-            piece = {(row, column): None for row in range(len(rows)) for column in range(len(columns))}
-            piece.update({(at(rows, w.top), at(columns, w.left)): Fraction(w.text) for w in self._numbers})
-            # The first piece is as large as any; the last ones end where the square does.
-            right, lower = order - len(columns) if across else 0, order - len(rows) if down else 0
-            return [{(row + lower, column + right): number for (row, column), number in piece.items()}]
         cells = [(row, column) for row in range(order) for column in range(order)]
         found = {}
         for word in self._numbers:

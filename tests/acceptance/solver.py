@@ -2,6 +2,8 @@
 
 from fractions import Fraction
 
+# As failures are to show them in lists.
+Fraction.__repr__ = Fraction.__str__
 SHAPES = {
     "cross-diagonal": [(0, 0), (1, 1), (1, -1), (-1, 1), (-1, -1)],
     "cross-line": [(0, 0), (1, 0), (-1, 0), (0, 1), (0, -1)],
@@ -40,7 +42,3 @@ def solve(board, total, in_play):
 def text(number):
     # As a person would type it: a whole number, or a decimal one.
     return str(number) if number.denominator == 1 else str(float(number))
-
-
-def magic_total(order, start, distance):
-    return order * Fraction(start) + Fraction(distance) * order * (order * order - 1) / 2

@@ -156,19 +156,4 @@ TEST(LineKinds, AreSteppedThroughByTheirTable) {
         }
 }
 
-TEST(LineKinds, HaveOneCellEachThatOnlyTheyFit) {
-    // "Only Main" on an empty puzzle: what the centre and four cells at the edge become.
-    const Cell corners[] = {{3, 3}, {1, 1}, {5, 1}, {1, 5}, {5, 5}};
-    const Cell middles[] = {{3, 3}, {3, 1}, {1, 3}, {5, 3}, {3, 5}};
-    for (int kind = 5; kind <= lineKindCount; ++kind) {
-        const auto s = stateOf(5, 1, 1, Difficulty::challenging, {1, 1, 1, 1});
-        const Cell cell = kind < 15 ? corners[kind % 5] : middles[kind % 5];
-        s->anchorRow = cell.row;
-        s->anchorCol = cell.column;
-        propertyFamilies[(kind - 5) / 5].place(*s);
-        EXPECT_EQ(cellAt(s->puzzle, cell), leadingNumber("1e" + std::to_string(199 + kind)));
-        EXPECT_EQ(s->blankPlaced, 1);
-    }
-}
-
 } // namespace quarvelle::testing

@@ -1,9 +1,5 @@
-#include <QBitmap>
-#include <QDir>
 #include <QFontMetricsF>
-#include <QPainter>
 #include <QPrintDialog>
-#include <QPrinter>
 #include <QProgressBar>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -148,12 +144,12 @@ protected:
     std::string sheetsPrinted() {
         std::string sheets;
         for (const auto& sheet : printer.sheets) {
-            QString square = boardsOf(sheet.drawing, state()).front().label.text;
             const QString caption = QString::fromStdString(sheet.caption);
-            if (square.contains(',')) // A piece has its square in the caption.
-                square = caption.section(" · ", 1, 1);
-            const QString place = caption.left(1) + caption.section("sheet ", 1).left(1);
-            sheets += (place + ':' + square.section('.', 0, 0) + ' ').toStdString();
+            const QString note = boardsOf(sheet.drawing, state()).front().label.text;
+            // A piece has its square in the caption.
+            const QString square = note.contains(',') ? caption.section(" · ", 1, 1) : note;
+            const QString number = caption.section("sheet ", 1).left(1);
+            sheets += (caption.left(1) + number + ':' + square.section('.', 0, 0) + ' ').toStdString();
         }
         return sheets;
     }
@@ -226,12 +222,12 @@ TEST_F(BatchTest, PrintsTheSheetsOrderedAndTellsHowItEnded) {
         };
         events.onYield = [&](int) {
             if (printer.sheets.size() == row.stop)
-                pressKey(Qt::Key_Q);
+                row.copies > 1 ? menus().aprinting->trigger() : pressKey(Qt::Key_Q);
         };
         print(row.order, row.count);
         EXPECT_EQ(sheetsPrinted(), row.sheets);
         EXPECT_EQ(foot(), row.ending + std::string(" sent to Fake"));
-        pressKey(Qt::Key_Shift);
+        row.copies > 1 ? click(page().Check1) : pressKey(Qt::Key_Shift);
         EXPECT_EQ(foot(), "") << "the next thing that a person does";
     }
 }
@@ -241,6 +237,12 @@ TEST_F(BatchTest, ShowsAtItsFootHowFarItIs) {
     events.onYield = [&](int) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return bar.isVisible(); }));
         EXPECT_EQ(bar.text(), QString("%1 of 2 sheets").arg(printer.sheets.size()));
+        window().boardPage().fillRectangle(0, 0, 2000, 2000, Qt::red);
+        const QRect foot = window().foot().geometry();
+        EXPECT_TRUE(foot.bottomRight() == window().rect().bottomRight() && foot.height() < 30);
+        const QImage shown = window().grab().toImage();
+        EXPECT_EQ(shown.pixelColor(0, foot.top() - 1), QColor(Qt::red));
+        EXPECT_NE(shown.pixelColor(0, foot.top() + 9), QColor(Qt::red)) << "it lies over the page";
     };
     print("7", 1);
     EXPECT_FALSE(bar.isVisible());
@@ -259,13 +261,7 @@ TEST_F(BatchTest, SaysWhyNothingIsPrinted) {
     EXPECT_EQ(printer.document, "") << "too large";
 }
 
-TEST_F(BatchTest, EndsWhenItIsAbortedOrItsWindowCloses) {
-    events.onYield = [&](int) {
-        if (printer.sheets.size() == 2)
-            menus().aprinting->trigger();
-    };
-    print("5", 60);
-    EXPECT_EQ(foot(), "Stopped: 2 of 6 sheets sent to Fake");
+TEST_F(BatchTest, EndsWhenItsWindowCloses) {
     events.onYield = [&](int) {
         if (printer.sheets.size() == 2)
             window().close();
@@ -274,10 +270,6 @@ TEST_F(BatchTest, EndsWhenItIsAbortedOrItsWindowCloses) {
     print("5", 60);
     EXPECT_EQ(printer.steps, 4);
     EXPECT_EQ(printer.failuresTold, 0) << "to nobody";
-}
-
-static QRect boundsOf(const QImage& paper, QRgb color) {
-    return QRegion(QBitmap::fromImage(paper.createMaskFromColor(color, Qt::MaskOutColor))).boundingRect();
 }
 
 TEST(Paper, HoldsTheContentInItsSizeUndistortedAndCentred) {
@@ -300,6 +292,7 @@ TEST(Paper, HoldsTheContentInItsSizeUndistortedAndCentred) {
 
 TEST(Drawing, CondensesDigitsIntoTheirRoom) {
     DrawingSurface surface;
+    surface.setPalette(QColor(35, 35, 38)); // of a dark theme
     surface.fillRectangle(0, 0, 59, 23, Qt::white);
     surface.drawText(10, 3, "123456789", 21);
     QImage paper(60, 24, QImage::Format_RGB32);
@@ -356,17 +349,37 @@ TEST(PrintJob, IsWholeOrNotThereAndSaysWhy) {
     qputenv("TMPDIR", "/proc"); // which has no room at all
     EXPECT_TRUE(job.print(Sheet{drawing, {8, 8, 745, 523}, 0.3, "Squares"}).contains("No space left"));
     qputenv("TMPDIR", temporary);
+    EXPECT_TRUE(job.finish().endsWith("did not take the sheets: " + qt_error_string(EBADF) + '.'));
 }
 
-TEST(QtPrinter, AsksWithTheSystemsDialogForAFileAtLeast) {
+TEST(QtPrinter, OrdersWhatItsDialogIsGiven) {
     QWidget window;
-    QTimer::singleShot(0, [] {
-        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
-        ASSERT_TRUE(dialog);
-        EXPECT_TRUE(dialog->testOption(QPrintDialog::PrintPageRange) && dialog->maxPage() == 7);
-        dialog->close();
-    });
-    EXPECT_FALSE(QtPrinter(window).choose("Squares", 7).job);
+    const auto choose = [&](const char* fileName, QDialog::DialogCode ending) {
+        QTimer::singleShot(0, [=] {
+            auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(dialog);
+            EXPECT_TRUE(dialog->testOption(QPrintDialog::PrintPageRange) && dialog->maxPage() == 7);
+            QPrinter& printer = *dialog->printer();
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            printer.setOutputFileName(fileName);
+            printer.setPageSize(QPageSize(QPageSize::A4));
+            printer.setPrintRange(QPrinter::PageRange);
+            printer.setFromTo(2, 5);
+            printer.setPageOrder(QPrinter::LastPageFirst);
+            printer.setCollateCopies(false);
+            printer.setCopyCount(3);
+            dialog->done(ending);
+        });
+        return QtPrinter(window).choose("Squares", 7);
+    };
+    const PrintOrder order = choose("/proc/a.pdf", QDialog::Accepted);
+    EXPECT_EQ(order.destination, "written to /proc/a.pdf");
+    EXPECT_EQ(std::tuple(order.firstSheet, order.lastSheet, order.copies, order.queueCopies),
+              std::tuple(2, 5, 3, 1));
+    EXPECT_TRUE(order.backwards && !order.collated && order.date == QDate::currentDate());
+    EXPECT_EQ(order.paper.toSize(), QSize(277, 190));
+    EXPECT_EQ(choose("", QDialog::Accepted).destination, "sent to ");
+    EXPECT_FALSE(choose("", QDialog::Rejected).job);
 }
 
 } // namespace quarvelle::testing

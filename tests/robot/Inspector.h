@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QAccessible>
 #include <stdexcept>
 
 #include "engine/BoardGeometry.h"
@@ -159,7 +158,11 @@ protected:
             {menus().challenging, state().difficulty == Difficulty::challenging}};
         for (const auto& [item, marked] : marks)
             expectEqual(item->isChecked(), marked, "the mark", item);
-        expectEqual(std::ranges::count_if(menus().size->actions(), &QAction::isChecked), 1, "sizes marked");
+        QString marked;
+        for (const QAction* item : menus().size->actions())
+            marked += item->isChecked() ? item->objectName() : "";
+        const auto* item = window().findChild<QAction*>(QString("sqr%1").arg(state().squareSize));
+        expectEqual(marked, item ? item->objectName() : "larger", "the size marked");
         expectEqual(state().mainDiagonalsAndLines, properties().Check2->isChecked(), "the line option");
         expectEqual(state().allDiagonals, properties().Check3->isChecked(), "the diagonals' option");
         for (const PropertyPair& pair : propertyPairs) {
@@ -182,7 +185,10 @@ protected:
         expectEqual(page().Label18->text().toStdString(), lastNumberCaption(n, start, state().distance),
                     "the last number");
         expect(page().Label4->text().startsWith(QString("How many (%1 by %1) ").arg(n)), "wrong count");
+        expect(page().Check1->isChecked() || state().startNumber == start,
+               "a random start that nobody asked for");
         const BoardGeometry board = boardGeometry(n, start, state().distance, {753, 530});
+        expectEqual(state().cellWidth, board.cellWidth, "the width of a cell");
         const bool fits = board.hasAllCells && hasPlayableNumbers(state());
         if (running)
             return expect(state().practising == 0 || fits, "practises what doesn't fit");
@@ -230,6 +236,11 @@ protected:
         ASSERT_EQ(boards.size(), 1U);
         expectEqual(boards[0].label.text, QString(), "the label");
         expectEqual(boards[0].numbers.size() + blanks.size(), static_cast<std::size_t>(n * n), "all cells");
+        const QString heard = reader.nameOf(QAccessible::queryAccessibleInterface(&window()));
+        expectEqual(heard, window().windowTitle(), "the title heard");
+        const bool isWrong = reader.news.contains(" is wrong. ");
+        expect(reader.news.endsWith(QString(": %1").arg(isWrong ? score()[wrong] : blanks.size())),
+               "old news");
         auto* board = QAccessible::queryAccessibleInterface(&window().boardPage());
         for (int row = 1; row <= n; ++row)
             for (int column = 1; column <= n; ++column) {
@@ -240,7 +251,7 @@ protected:
                     expectEqual(name, numberText(cellAt(state().square, {column, row})), "the number");
                 }
                 auto* cell = board->tableInterface()->cellAt(row - 1, column - 1);
-                expectEqual(cell->text(QAccessible::Name).toStdString(), name, "what is heard");
+                expectEqual(reader.nameOf(cell).toStdString(), name, "what is heard");
                 expectEqual(cell->tableCellInterface()->columnIndex(), column - 1, "the column heard");
                 expectEqual(board->indexOfChild(cell), (row - 1) * n + column - 1, "the index heard");
             }

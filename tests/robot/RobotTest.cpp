@@ -1,6 +1,5 @@
 #include <QClipboard>
 #include <QDialog>
-#include <QKeySequence>
 #include <random>
 
 #include "tests/robot/Inspector.h"
@@ -115,11 +114,9 @@ protected:
     }
 
     /// The controls of a class that a person sees.
-    std::vector<QWidget*> shown(const char* className) {
-        std::vector<QWidget*> widgets;
-        for (auto* widget : menus().pages->currentWidget()->findChildren<QWidget*>())
-            if (widget->isVisible() && widget->inherits(className))
-                widgets.push_back(widget);
+    QList<QWidget*> shown(const char* className) {
+        auto widgets = menus().pages->currentWidget()->findChildren<QWidget*>();
+        widgets.removeIf([=](auto* widget) { return !widget->isVisible() || !widget->inherits(className); });
         return widgets;
     }
 
@@ -142,27 +139,28 @@ protected:
             const QPoint end = ((corner + QPointF(width, 18)) * factor).toPoint();
             return QRect((corner * factor).toPoint(), end - QPoint(1, 1));
         };
-        const auto boxOf = [=](Cell cell) {
-            const QPoint end = (QPointF(width * cell.row + 9, 18 * cell.column + 8) * factor).toPoint();
-            return QRect(areaOf(cell).topLeft(), end - QPoint(1, 1));
-        };
         const auto blanks = blanksOf(state());
         QPoint point{below(900), below(700)};
+        // To the left of the board and beyond it there is nothing, whatever stands there.
+        const int n = state().squareSize;
+        for (int i = 0; i <= n + 1; ++i)
+            for (const Cell& outside : {Cell(0, i), Cell(i, 0), Cell(n + 1, i), Cell(i, n + 1)})
+                cellAt(state().puzzle, outside) = emptyMarker;
         if (!blanks.empty() && below(8) != 0) {
-            const QRect area = areaOf(oneOf(blanks));
+            const QRect area = areaOf(oneOf(blanks)).adjusted(-1, -1, 1, 1);
             point = area.topLeft() + QPoint{below(area.width()), below(area.height())};
         }
         const auto pressed =
             std::ranges::find_if(blanks, [&](Cell cell) { return areaOf(cell).contains(point); });
-        const bool isBlank = plays() && pressed != blanks.end();
-        const bool opens = isBlank && !(answerBox().isVisible() && answerBox().geometry() == boxOf(*pressed));
+        const QPoint corner = answerBox().pos();
+        const bool opens = plays() && pressed != blanks.end() &&
+                           !(answerBox().isVisible() && areaOf(*pressed).topLeft() == corner);
         const bool isShown = opens || answerBox().isVisible();
-        const QRect place = opens ? boxOf(*pressed) : answerBox().geometry();
         const QString text = opens ? QString() : answerBox().text();
         QTest::mouseClick(&window().boardPage(), Qt::LeftButton, {}, point);
         expectEqual(answerBox().isVisible(), isShown, "the box's showing");
         expectEqual(answerBox().isEnabled(), isShown, "the box's working");
-        expectEqual(answerBox().geometry(), place, "the box's place");
+        expectEqual(answerBox().pos(), opens ? areaOf(*pressed).topLeft() : corner, "the box's place");
         expectEqual(answerBox().text(), text, "the box's text");
     }
 

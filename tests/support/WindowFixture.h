@@ -1,26 +1,33 @@
 #pragma once
 
 #include <QApplication>
+#include <QBitmap>
+#include <QDebug>
 #include <QKeyEvent>
 #include <QTest>
 
 #include "app/Program.h"
 #include "tests/support/PrintedBoards.h"
+#include "tests/support/ScreenReader.h"
 #include "tests/support/Scripted.h"
 #include "ui/BoardPage.h"
 #include "ui/InformationPage.h"
 #include "ui/MainPage.h"
 #include "ui/PropertiesPage.h"
 
-// What failures show of the toolkit's values.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
-inline void PrintTo(const QRect& area, std::ostream* out) {
-    *out << area.width() << " x " << area.height() << " at " << area.x() << ", " << area.y();
+/// What failures show of the toolkit's values.
+template <class Value>
+requires(std::is_same_v<Value, QString> || std::is_same_v<Value, QRect> ||
+         std::is_same_v<Value, QPoint>) void PrintTo(const Value& value, std::ostream* out) {
+    *out << qPrintable(QDebug::toString(value));
 }
 
 namespace quarvelle::testing {
+
+/// What a color covers of a picture.
+inline QRect boundsOf(const QImage& picture, QRgb color) {
+    return QRegion(QBitmap::fromImage(picture.createMaskFromColor(color, Qt::MaskOutColor))).boundingRect();
+}
 
 /// The whole program on a window of its own, with scripted draws and turns.
 class WindowFixture : public ::testing::Test {
@@ -74,6 +81,7 @@ protected:
     ScriptedRandom random;
     ScriptedEvents events;
     FakePrinter printer;
+    ScreenReader reader;
     std::unique_ptr<Program> program = std::make_unique<Program>(random, events, &printer);
 };
 
