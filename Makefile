@@ -59,7 +59,7 @@ print-check: ## Print batches on a print queue of its own and into files, and ch
 	@/usr/bin/python3 -B tests/acceptance/print_check.py build/release/app/quarvelle build/print-check
 
 lint: ## Check the layout and the pitfalls of the code, and how much of it is tests
-	@packaging/install-packages.sh build lint
+	@packaging/install-packages.sh build test lint
 	@tests/share.sh
 	cmake --preset dev
 	cmake --build --preset dev

@@ -8,12 +8,6 @@ class PlayTest : public WindowFixture {
 protected:
     std::set<Cell> m_blanks{{2, 1}, {5, 1}, {2, 4}, {4, 4}};
 
-    /// As a key that is held down repeats itself.
-    void holdEnter() {
-        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "", true);
-        QApplication::sendEvent(window().focusWidget(), &repeated);
-    }
-
     /// Lets the player act when the first square has come, and again whenever the run would wait, until `Q`.
     void play(const std::function<void()>& player) {
         events.onWait = [this, player, first = true]() mutable {
@@ -38,18 +32,6 @@ protected:
 
     std::string news() { return reader.news.toStdString(); }
 };
-
-TEST_F(PlayTest, TakesNoKeyThatIsHeldForAnother) {
-    play([&] {
-        holdEnter();
-        EXPECT_TRUE(answerBox().isHidden()) << "the key that started the run is still down";
-        pressKey(Qt::Key_Return);
-        typeText("99");
-        holdEnter();
-        EXPECT_EQ(answerBox().text(), "99");
-        pressKey(Qt::Key_Q);
-    });
-}
 
 TEST_F(PlayTest, IsRefusedWhereTidyingLeavesNoBoard) {
     events.onYield = [this](int) {
@@ -94,6 +76,8 @@ TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
     };
     m_blanks = {{1, 1}, {5, 1}, {2, 5}, {5, 5}};
     play([&] {
+        pressKey(Qt::Key_Return, {}, {}, true);
+        EXPECT_TRUE(answerBox().isHidden()) << "the key that started the run is still down";
         for (const auto& row : rows) {
             const QString name = QKeySequence(row.key).toString();
             pressKey(row.key, row.modifiers, name.size() == 1 ? name : "");
@@ -134,8 +118,10 @@ TEST_F(PlayTest, HasShortcutsThatNoBoxSwallows) {
 
 TEST_F(PlayTest, IsHeardWithoutAScreen) {
     QAccessibleInterface* board = QAccessible::queryAccessibleInterface(&window().boardPage());
+    EXPECT_EQ(reader.nameOf(board), "Empty board");
     int square = 0;
     const auto player = [&] {
+        EXPECT_EQ(reader.nameOf(board), "Puzzle of 5 by 5 cells");
         const std::string solved = ++square % 2 == 1 ? "" : "Solved. ";
         EXPECT_TRUE(news().starts_with(solved + "New square of 5 by 5. Blanks: ")) << news();
         if (square % 2 == 0)
@@ -150,8 +136,12 @@ TEST_F(PlayTest, IsHeardWithoutAScreen) {
                       index == 1);
             EXPECT_EQ(cell->state().selected, index == 1);
         }
-        EXPECT_EQ(answerBox().accessibleName(), "Row 1, column 2");
+        auto* box = QAccessible::queryAccessibleInterface(&answerBox());
+        EXPECT_EQ(board->child(board->indexOfChild(box)), box);
+        EXPECT_EQ(reader.nameOf(box), "Row 1, column 2");
         typeText("99");
+        pressKey(Qt::Key_Return, {}, {}, true);
+        EXPECT_EQ(answerBox().text(), "99") << "while the key is held";
         pressKey(Qt::Key_Return);
         EXPECT_EQ(news(), "99 is wrong. Numbers incorrect: 1");
         enterRightAnswer();
@@ -163,7 +153,7 @@ TEST_F(PlayTest, IsHeardWithoutAScreen) {
         }
     };
     play(player);
-    EXPECT_EQ(board->tableInterface()->rowCount(), 0) << "a table that is gone";
+    EXPECT_EQ(reader.nameOf(board), "Empty board");
     play(player);
 }
 

@@ -47,12 +47,13 @@ protected:
     std::string title() { return window().windowTitle().toStdString(); }
 
     /// Presses and releases a key where a person's would go: the open menu, or what has the focus.
-    void pressKey(int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
+    void pressKey(int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {},
+                  bool repeats = false) {
         for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
             QWidget* receiver = QApplication::activePopupWidget();
             if (!receiver)
                 receiver = window().focusWidget() ? window().focusWidget() : &window();
-            QKeyEvent event(type, key, modifiers, text);
+            QKeyEvent event(type, key, modifiers, text, repeats);
             QApplication::sendEvent(receiver, &event);
         }
     }
