@@ -1,5 +1,6 @@
 # Printed sheets, read from the text of their PDF document: boards, notes, captions. All lengths are millimetres.
 
+import collections
 import re
 from bisect import bisect_right
 from fractions import Fraction
@@ -12,9 +13,7 @@ NOTE = re.compile(r"(\d+)\. Magic Total (\S+)")
 MILLIMETRE = 72 / 25.4
 
 
-class Word:
-    def __init__(self, left, top, right, bottom, text):
-        self.left, self.top, self.right, self.bottom, self.text = left, top, right, bottom, text
+Word = collections.namedtuple("Word", "left top right bottom text")
 
 
 def places(values, tolerance):

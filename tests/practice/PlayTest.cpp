@@ -131,6 +131,7 @@ TEST_F(PlayTest, IsHeardWithoutAScreen) {
         for (int index = 0; index < 25; ++index) {
             auto* cell = board->child(index);
             EXPECT_EQ(cell->tableCellInterface()->table(), board);
+            EXPECT_EQ(board->indexOfChild(cell), index);
             EXPECT_EQ(board->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
             EXPECT_EQ(cell->rect().contains(answerBox().mapToGlobal(answerBox().rect().center())),
                       index == 1);
