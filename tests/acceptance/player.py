@@ -44,8 +44,7 @@ class Player:
     def __init__(self, stage, program):
         self.process = stage.start(program)
         Atspi.init()
-        milliseconds = 60_000
-        Atspi.set_timeout(milliseconds, milliseconds)
+        Atspi.set_timeout(60_000, 60_000)  # milliseconds
         # What others remember of a control is asked again each time.
         self._desktop = Atspi.get_desktop(0)
         self._desktop.set_cache_mask(Atspi.Cache.NONE)

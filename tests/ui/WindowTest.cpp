@@ -75,9 +75,11 @@ TEST_F(WindowFixture, PropertiesPageWorksByKeyboardAndKeepsALine) {
     const QImage before = page().Text2->grab().toImage();
     menus().chooseproperties->trigger();
     EXPECT_TRUE(page().Text2->grab().toImage() != before) << "a cursor where no keyboard is";
+    const QImage ticked = properties().Check2->grab().toImage();
     click(properties().Check3);
     click(properties().Check2);
     const QImage focused = properties().Check2->grab().toImage();
+    EXPECT_TRUE(focused != ticked) << "the tick";
     int dots = 0;
     for (int x = 0; x < focused.width(); ++x)
         dots += focused.pixelColor(x, 0) == Qt::black;
@@ -167,7 +169,6 @@ TEST_F(LookTest, CaptionsAreWholeAtEveryFactorAndBlackOnDarkDesktopsToo) {
     QCoreApplication::processEvents();
     EXPECT_EQ(properties().Check2->palette().base(), Qt::white);
     EXPECT_EQ(answerBox().palette().text(), Qt::black);
-    EXPECT_GT(answerBox().palette().base().color().lightness(), 200);
     EXPECT_FALSE(CaptionLayout("Print how many squares?", page().Label1->font(), {60, 17}, false).fits());
     window().setWindowState(Qt::WindowNoState);
     for (const double factor : {1.0, 1.5, 1.9, 2.0, 3.0, 4.0}) {
