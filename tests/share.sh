@@ -3,11 +3,10 @@
 # up, less than a quarter leaves too much unseen.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-code=('*.cpp' '*.h' '*.py' '*.sh' .ci/run)
 lines() {
-    git ls-files -z "$@" | xargs -0 grep -hvE '^\s*(//.*|#([^i].*)?)?$' | wc -l
+    git ls-files -z "$1*.cpp" "$1*.h" "$1*.py" "$1*.sh" "$1.ci/run" | xargs -0 grep -hvE '^\s*(//.*|#([^i].*)?)?$' | wc -l
 }
-tests=$(lines "${code[@]/#/tests/}")
-all=$(lines "${code[@]}")
+tests=$(lines tests/)
+all=$(lines "")
 echo "Tests: $tests of $all lines of code, $((100 * tests / all)) in 100; 25 to 33 are right."
 ((tests * 100 / all >= 25 && tests * 100 / all <= 33))

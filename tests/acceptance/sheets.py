@@ -25,10 +25,6 @@ def places(values, tolerance):
     return starts
 
 
-def at(starts, value):
-    return bisect_right(starts, value + 0.05) - 1
-
-
 class Sheet:
     def __init__(self, width, height, words):
         words = [Word(*(float(length) / MILLIMETRE for length in word[:4]), word[4]) for word in words]
@@ -70,7 +66,7 @@ class Sheet:
         cells = [(row, column) for row in range(order) for column in range(order)]
         found = {}
         for word in self._numbers:
-            row, column = at(rows, word.top), at(columns, word.left)
+            row, column = bisect_right(rows, word.top + 0.05) - 1, bisect_right(columns, word.left + 0.05) - 1
             board = found.setdefault((row // order, column // order), dict.fromkeys(cells))
             board[row % order, column % order] = Fraction(word.text)
         return [found[place] for place in sorted(found)]

@@ -4,10 +4,8 @@ from fractions import Fraction
 
 # As failures are to show them in lists.
 Fraction.__repr__ = Fraction.__str__
-SHAPES = {
-    "cross-diagonal": [(0, 0), (1, 1), (1, -1), (-1, 1), (-1, -1)],
-    "cross-line": [(0, 0), (1, 0), (-1, 0), (0, 1), (0, -1)],
-}
+# Cross-diagonals and cross-lines.
+SHAPES = [[(0, 0), (1, 1), (1, -1), (-1, 1), (-1, -1)], [(0, 0), (1, 0), (-1, 0), (0, 1), (0, -1)]]
 
 
 def lines(order, diagonals=False, shapes=False):
@@ -20,7 +18,7 @@ def lines(order, diagonals=False, shapes=False):
         found.append([(row, (start - row - 1) % order) for row in cells])
     if shapes:
         found += [[((row + size * down) % order, (column + size * right) % order) for down, right in shape]
-                  for shape in SHAPES.values() for size in (1, 2) for row in cells for column in cells]
+                  for shape in SHAPES for size in (1, 2) for row in cells for column in cells]
     return found
 
 

@@ -82,8 +82,8 @@ class Stage:
 
     def start(self, *command, **options):
         # A process of its own group, which ends with the stage at the latest.
-        process = subprocess.Popen(command, stderr=self.log, start_new_session=True,
-                                   **{"stdout": self.log, **options})
+        options = {"stdout": self.log, "stderr": self.log, **options}
+        process = subprocess.Popen(command, start_new_session=True, **options)
         self._ends.callback(end, process)
         return process
 

@@ -243,7 +243,10 @@ protected:
         if ((item == menus().quit || item == menus().qplaying) && below(30) != 0)
             return;
         m_done += " " + item->objectName().toStdString();
-        item->trigger();
+        if (item->shortcut().isEmpty() || QApplication::activePopupWidget() || !window().isActiveWindow())
+            item->trigger();
+        else
+            QTest::keySequence(window().focusWidget(), item->shortcut());
         if (item == menus().qplaying || item == menus().aprinting)
             expectEqual(state().stopRequested, Request::stop, "the request");
         if (item == menus().newsquare || item == menus().startover)
