@@ -18,7 +18,6 @@ class Story:
 
     def picture(self, name):
         self.stage.picture(self.pictures / f"{name}.png")
-        print(f"  picture: {name}.png")
 
     def practise(self, order):
         self.player.push("Practice Solving Squares")

@@ -215,4 +215,3 @@ class Player:
     def expect_end(self):
         # The program ends by itself, and well.
         expect("the exit code", self.process.wait(60), 0)
-        print("  ended with exit code 0")

@@ -66,7 +66,6 @@ def practise():
         if wait(f"a judgement of {number}", lambda: {right, worse}.intersection(keyboard())) == {right}:
             break
     expect("a right answer after a wrong one", (number < 26, keyboard()[0]), (True, right))
-    print(f"  Printed three puzzles with their answers. {right}")
 
 
 def start_windows(stage, dots):

@@ -41,11 +41,12 @@ TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
     }
     menus().sqr7->trigger();
     EXPECT_EQ(page().Text2->text(), "7");
-    std::string count;
-    for (const auto* label : {page().Label4, page().Label3, page().Label5, page().Label6, page().Label7})
-        count += label->text().left(17).toStdString() + '|';
-    EXPECT_EQ(count,
-              "How many (7 by 7)|There are 1555200|Each Square yield|Each Square can a|Therefore, there |");
+    for (const auto& [label, told] : {std::pair{page().Label4, "7 by 7"},
+                                      {page().Label3, "are 1555200"},
+                                      {page().Label5, "yields 49"},
+                                      {page().Label6, "three times"},
+                                      {page().Label7, "exactly 304819200"}})
+        EXPECT_TRUE(label->text().contains(told)) << told;
     const char* const steps[][3] = {
         {"9", "7", "11"}, {"5", "5", "7"}, {"", "", "5"}, {"-1", "-1", "-1"}, {"5.5", "5.5", "5.5"}};
     for (const auto& [typed, down, up] : steps)
@@ -62,6 +63,7 @@ TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
     QTest::keyPress(page().text4, Qt::Key_5);
     page().Text5->setFocus();
     EXPECT_EQ(state().startNumber, page().text4->number()) << "the key comes up in the next box";
+    EXPECT_EQ(page().text4->cursorPosition(), 0);
 
     menus().quit->trigger();
     EXPECT_TRUE(window().isHidden());
@@ -197,11 +199,12 @@ TEST_F(LookTest, PagesAreAsLargeAsTheyFitInEitherWay) {
         EXPECT_EQ(PageScale::factorOf(*page().Label1), 1.5);
     }
     for (const auto& [item, times, factor] :
-         {std::tuple{menus().zoomin, 20, 4.0}, {menus().zoomout, 2, 3.5}, {menus().zoomfit, 1, 1.5}}) {
+         {std::tuple{menus().zoomin, 20, 4.0}, {menus().zoomout, 2, 3.5}, {menus().zoomfit, 1, 2.0}}) {
         for (int time = 0; time < times; ++time)
             item->trigger();
-        window().resize(window().size() + QSize(9, 0));
+        window().resize(2000, 1080 + window().menuBar()->height());
         EXPECT_EQ(PageScale::factorOf(*page().Label1), factor);
+        window().resize(1140, 2000);
     }
 }
 
@@ -222,12 +225,13 @@ TEST_F(LookTest, PagesAreAlikeAtEveryFactor) {
                             QSize(0, window().menuBar()->height()));
             const QImage seen = draw(factor == 0 ? ordinary.get() : scaled);
             alike = factor == 0 ? seen : alike;
+            const bool isSame = factor <= 1 && std::fmod(pages->devicePixelRatio(), 1) == 0;
             int different = 0;
             for (int place = 0; place < seen.width() * seen.height(); ++place) {
                 const QPoint at(place % seen.width(), place / seen.width());
-                different += std::abs(qGray(seen.pixel(at)) - qGray(alike.pixel(at))) > 32;
+                different += std::abs(qGray(seen.pixel(at)) - qGray(alike.pixel(at))) > (isSame ? 0 : 32);
             }
-            EXPECT_LT(different, 4) << "places at factor " << factor;
+            EXPECT_EQ(different, 0) << "places at factor " << factor;
         }
     };
     window().setWindowState(Qt::WindowNoState);
@@ -290,7 +294,7 @@ TEST_F(LookTest, SmallScreensScroll) {
         const BoardPage& board = window().boardPage();
         pressKey(Qt::Key_End);
         const QRect cell = board.cellArea(state().selectedRow, state().selectedColumn);
-        EXPECT_TRUE(board.visibleRegion().contains(board.shown(cell).toRect().center()));
+        EXPECT_TRUE((QRegion(board.shown(cell).toAlignedRect()) - board.visibleRegion()).isEmpty());
         pressKey(Qt::Key_Q);
     };
     enter("23", "1", "1");
