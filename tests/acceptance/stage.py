@@ -60,6 +60,7 @@ class Stage:
             except Failure as failure:
                 raise Failure(f"{failure}\n{self.said()}") from failure
             self._ends = self._ends.pop_all()
+            self.close = self._ends.close
 
     def _set(self, size):
         kept = {name: os.environ[name] for name in ("PATH", "LANG", "LC_ALL", "LOCPATH", "TZ") if name in os.environ}
@@ -94,9 +95,6 @@ class Stage:
 
     def picture(self, path):
         run("import", "-window", "root", path)
-
-    def close(self):
-        self._ends.close()
 
     def _first_line(self, *command):
         line = self.start(*command, stdout=subprocess.PIPE, text=True).stdout.readline().strip()

@@ -68,10 +68,12 @@ TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
     menus().quit->trigger();
     EXPECT_TRUE(window().isHidden());
     MainWindow fresh;
+    EXPECT_EQ(fresh.width(), 760);
     const QSignalSpy starts(&fresh, &MainWindow::activated);
     for (const bool shown : {true, false, true})
         fresh.setVisible(shown);
     EXPECT_EQ(starts.size(), 1);
+    EXPECT_EQ(fresh.focusWidget(), fresh.mainPage().controls().Text2);
 }
 
 TEST_F(WindowFixture, PropertiesPageWorksByKeyboardAndKeepsALine) {
@@ -128,6 +130,8 @@ TEST_F(WindowFixture, PicturesMarkWholeLinesOfTheirProperty) {
         const auto lines = linesInPlay(*stateOf(5, 0, isDiagonal, Difficulty::easy, modes));
         const QImage picture = window().findChild<QWidget*>(name)->grab().toImage();
         EXPECT_EQ(lines.count(marksOn(picture, {3, 3})), 1) << name;
+        EXPECT_TRUE(picture.pixelColor(1, 1) == QColor(192, 192, 192) &&
+                    picture.pixelColor(7, 5) == Qt::white);
         EXPECT_EQ(lines.count(marksOn(picture, {4, 0})), plusSigns) << name;
         for (int line = 0; line <= 5; ++line)
             for (const QPoint inside : {QPoint(4 + 24 * line, 90), QPoint(120, 3 + 18 * line)})
