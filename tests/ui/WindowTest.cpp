@@ -33,20 +33,24 @@ TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
     enter("103", "1", "1");
     EXPECT_EQ(page().Command1->toolTip(), "Only up to 101 by 101.");
     EXPECT_EQ(page().Command4->toolTip(), "The board is larger than the page.");
+    menus().sqr7->trigger();
+    EXPECT_EQ(page().Text2->text(), "7");
+    // clang-format off
+    const std::pair<const QLabel*, const char*> counts[] = {
+        {page().Label4, "7 by 7"}, {page().Label3, "are 1555200"}, {page().Label5, "yields 49"},
+        {page().Label6, "three times"}, {page().Label7, "exactly 304819200"}};
+    // clang-format on
+    for (const auto& [label, told] : counts)
+        EXPECT_TRUE(label->text().contains(told)) << told;
+}
+
+TEST_F(WindowFixture, BoxesTellOfEachEditOnce) {
     QHelpEvent asks(QEvent::ToolTip, {}, {});
     for (const auto& [typed, asTip] : {std::pair{"12", ""}, {"1234567890", "123456789"}}) {
         type(page().text4, typed);
         QApplication::sendEvent(page().text4, &asks);
         EXPECT_EQ(QToolTip::text(), asTip) << "of nine digits";
     }
-    menus().sqr7->trigger();
-    EXPECT_EQ(page().Text2->text(), "7");
-    for (const auto& [label, told] : {std::pair{page().Label4, "7 by 7"},
-                                      {page().Label3, "are 1555200"},
-                                      {page().Label5, "yields 49"},
-                                      {page().Label6, "three times"},
-                                      {page().Label7, "exactly 304819200"}})
-        EXPECT_TRUE(label->text().contains(told)) << told;
     const char* const steps[][3] = {
         {"9", "7", "11"}, {"5", "5", "7"}, {"", "", "5"}, {"-1", "-1", "-1"}, {"5.5", "5.5", "5.5"}};
     for (const auto& [typed, down, up] : steps)
@@ -54,7 +58,7 @@ TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
             type(page().Text2, typed);
             pressKey(key, {}, {}, true);
             pressKey(key);
-            EXPECT_EQ(page().Text2->text(), shown) << typed << ", with a key that counts once";
+            EXPECT_EQ(page().Text2->text(), shown) << typed;
         }
     // Choosing "Undo" with the mouse is an edit without a key.
     type(page().text4, "12");
@@ -64,7 +68,9 @@ TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
     page().Text5->setFocus();
     EXPECT_EQ(state().startNumber, page().text4->number()) << "the key comes up in the next box";
     EXPECT_EQ(page().text4->cursorPosition(), 0);
+}
 
+TEST_F(WindowFixture, StartsAfreshOnlyWhenItIsFirstShown) {
     menus().quit->trigger();
     EXPECT_TRUE(window().isHidden());
     MainWindow fresh;
@@ -277,11 +283,11 @@ TEST_F(LookTest, SmallScreensScroll) {
     const int place = scrolled.value();
     pressKey(Qt::Key_Up);
     EXPECT_EQ(scrolled.value(), place) << "the key is the size's";
-    const std::tuple<Qt::KeyboardModifier, int, double> turns[] = {{Qt::NoModifier, 120, 1},
-                                                                   {Qt::ControlModifier, 119, 1},
-                                                                   {Qt::ControlModifier, 1, 1.25},
-                                                                   {Qt::ControlModifier, -119, 1.25},
-                                                                   {Qt::ControlModifier, -1, 1}};
+    // clang-format off
+    const std::tuple<Qt::KeyboardModifier, int, double> turns[] = {
+        {Qt::NoModifier, 120, 1}, {Qt::ControlModifier, 119, 1}, {Qt::ControlModifier, 1, 1.25},
+        {Qt::ControlModifier, -119, 1.25}, {Qt::ControlModifier, -1, 1}};
+    // clang-format on
     for (const auto& [modifier, angle, factor] : turns) {
         QWheelEvent turn({}, {}, {}, {0, angle}, Qt::NoButton, modifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(menus().client->viewport(), &turn);
