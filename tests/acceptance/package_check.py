@@ -27,7 +27,6 @@ def validate(package, scratch):
     run("lintian", "--fail-on", "error,warning", "--allow-root", package)
     manual = "LC_ALL=C.UTF-8 MANROFFSEQ= MANWIDTH=80 man --warnings --local-file"
     expect("warnings of the manual page", run("sh", "-c", f"{manual} {page} 2>&1 >/dev/null"), "")
-    print("Its validators have nothing to say.")
     return dict(line.split("=", 1) for line in entry.read_text().splitlines() if "=" in line)
 
 
@@ -39,7 +38,6 @@ def build_again(package, scratch):
     run("packaging/debian/build.sh", cwd=copy, env={**os.environ, "SOURCE_DATE_EPOCH": commit}, umask=0o027)
     if (copy / package).read_bytes() != package.read_bytes():
         raise Failure("saw another package in another folder")
-    print("Built in another folder it is the same.")
 
 
 class System:

@@ -173,7 +173,7 @@ class Player:
                 type_text(98 if number == 99 else 99)
                 press("Return")
                 self.wait_for_score(order, 0, 0, 1)
-            type_text(solver.text(number))
+            type_text(number)
             press("Return")
             board[cell] = number
             self.wait_for_score(order, int(right == blanks), right, 1)

@@ -38,7 +38,6 @@ class Batch(types.SimpleNamespace):
         for sheet in by_name.values():
             if f" · {self.order} by {self.order} · " not in sheet.caption:
                 raise Failure(f"saw {sheet.caption!r} as the caption")
-            expect("the paper", sheet.paper, (297, 210))
             whole = by_name.get((self.kinds[-1], sheet.number), sheet)
             for note, board in zip(sheet.notes, sheet.boards(self.order, whole.grid()), strict=True):
                 found[sheet.kind][note] = board

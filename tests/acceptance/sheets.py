@@ -35,7 +35,6 @@ class Sheet:
             words = [Word(height - w.bottom, w.left, height - w.top, w.right, w.text) for w in words]
             caption = next(word for word in words if word.text == caption.text)
             width, height = height, width
-        self.paper = (round(width), round(height))
         for word in words:
             if min(word.left, word.top, width - word.right, height - word.bottom) < 8.8:
                 raise Failure(f"saw {word.text} in the margin")

@@ -35,8 +35,3 @@ def solve(board, total, in_play):
                 break
         else:
             return answers
-
-
-def text(number):
-    # As a person would type it: a whole number, or a decimal one.
-    return str(number) if number.denominator == 1 else str(float(number))

@@ -135,20 +135,20 @@ TEST(LineKinds, AreSteppedThroughByTheirTable) {
             s->stepIndex = step;
             s->anchorRow = s->probeAnchorRow = 10;
             s->anchorCol = s->probeAnchorCol = 12;
-            s->curRow = s->curCol = s->probeRow = s->probeCol = 20;
+            std::tie(s->curRow, s->curCol, s->probeRow, s->probeCol) = std::tuple(20, 21, 20, 21);
             findline2(*s);
             findline1(*s);
             // The probe takes the steps 0 and 2 of three arms of a cross-diagonal in the other order.
             const bool exchanges = kind < 15 && (kind - 5) % 5 > 1 && step % 2 == 0;
             const auto expected = [&](int at) {
                 if (kind < 5 || at < 0 || at > 4)
-                    return Cell{20, 20};
+                    return Cell{20, 21};
                 const int* offset = shapes[(kind - 5) / 10 * 5 + (kind - 5) % 5][at];
                 const int size = 1 + (kind - 5) / 5 % 2;
                 return Cell{10 + size * offset[0], 12 + size * offset[1]};
             };
             const Cell main = kind < 5
-                                  ? Cell{20, 20} + Step{wholeLines[kind - 1].row, wholeLines[kind - 1].column}
+                                  ? Cell{20, 21} + Step{wholeLines[kind - 1].row, wholeLines[kind - 1].column}
                                   : expected(step);
             EXPECT_TRUE((Cell{s->curRow, s->curCol} == main)) << kind << ' ' << step;
             const Cell probe = expected(exchanges && step >= 0 && step <= 2 ? 2 - step : step);

@@ -1,5 +1,6 @@
 #include <QAbstractEventDispatcher>
 #include <QFontMetricsF>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QProgressBar>
 #include <QTemporaryDir>
@@ -296,6 +297,8 @@ TEST(Paper, HoldsTheContentInItsSizeUndistortedAndCentred) {
 }
 
 TEST(Drawing, CondensesDigitsIntoTheirRoom) {
+    const QFontMetricsF digits(boardFont());
+    EXPECT_EQ(digits.horizontalAdvance("1111"), 4 * digits.horizontalAdvance("8"));
     DrawingSurface surface;
     surface.setPalette(QColor(35, 35, 38)); // of a dark theme
     surface.fillRectangle(0, 0, 59, 23, Qt::white);
@@ -386,6 +389,11 @@ TEST(QtPrinter, OrdersWhatItsDialogIsGiven) {
     EXPECT_EQ(onPaper.destination, "sent to ");
     EXPECT_EQ(onPaper.job->finish(), "") << "where nothing was printed";
     EXPECT_FALSE(choose("", QDialog::Rejected).job);
+    QTimer::singleShot(0, [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        EXPECT_TRUE(box && box->text() == "paper jam" && box->close());
+    });
+    QtPrinter(window).tell("paper jam");
 }
 
 } // namespace quarvelle::testing
