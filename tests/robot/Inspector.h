@@ -143,7 +143,8 @@ protected:
         expectEqual(page().Text2->number(), state().squareSize, "the size shown");
         expectEqual(page().Text3->number(), state().blankCount, "the blanks shown");
         expectEqual(page().Text5->number(), state().distance, "the distance shown");
-        expect(state().blankCount >= 1 && state().distance > 0, "runs without blanks or distance");
+        expect(state().blankCount >= 1 && state().distance > 0 && page().Text7->number() >= 1,
+               "unusable numbers");
     }
 
     void checkMarks() {
