@@ -184,6 +184,7 @@ TEST_F(BatchTest, PrintsWhatItsTitleCountsDown) {
                                    numberText(batch.count) + ' ' + kind + " left to print.");
         };
         print(batch);
+        EXPECT_EQ(state().squaresSolved, batch.count);
         EXPECT_EQ(printer.document.toStdString(), "Quarvelle " + batch.size());
         ASSERT_EQ(printer.sheets.size(), batch.sheets);
         EXPECT_NEAR(printer.sheets[0].scale * state().cellWidth, batch.cell, 0.01);

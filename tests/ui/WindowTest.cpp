@@ -279,8 +279,6 @@ TEST_F(WindowFixture, StaysAsSmallAsItWasMadeUntilTheNextRun) {
 
 TEST_F(LookTest, SmallScreensScroll) {
     window().resize(500, 300);
-    menus().client->ensureWidgetVisible(page().Label7);
-    EXPECT_EQ(page().Label7->visibleRegion(), page().Label7->rect());
     page().Text2->setFocus();
     const QScrollBar& scrolled = *menus().client->verticalScrollBar();
     const int place = scrolled.value();
@@ -298,16 +296,17 @@ TEST_F(LookTest, SmallScreensScroll) {
         QCoreApplication::processEvents();
         EXPECT_EQ(scrolled.maximum(), 540 * factor - menus().client->viewport()->height());
     }
-    EXPECT_LT(scrolled.value(), place);
     click(page().Command2);
     EXPECT_TRUE(window().informationPage().visibleRegion().contains(QPoint(0, 0))) << "its top";
     pressKey(Qt::Key_Return);
     EXPECT_EQ(window().focusWidget(), page().Command2);
     events.onWait = [this] {
-        const BoardPage& board = window().boardPage();
+        BoardPage& board = window().boardPage();
         pressKey(Qt::Key_End);
         const QRect cell = board.cellArea(state().selectedRow, state().selectedColumn);
         EXPECT_TRUE((QRegion(board.shown(cell).toAlignedRect()) - board.visibleRegion()).isEmpty());
+        QTest::mouseClick(&board, Qt::LeftButton, {}, board.shown(cell).center().toPoint());
+        EXPECT_TRUE(answerBox().isVisible());
         pressKey(Qt::Key_Q);
     };
     enter("23", "1", "1");
