@@ -383,8 +383,8 @@ TEST(QtPrinter, OrdersWhatItsDialogIsGiven) {
     };
     const PrintOrder order = choose("/proc/a.pdf", QDialog::Accepted);
     EXPECT_EQ(order.destination, "written to /proc/a.pdf");
-    EXPECT_TRUE(order.firstSheet == 2 && order.lastSheet == 5 && order.backwards);
-    EXPECT_TRUE(order.copies == 3 && !order.collated && order.date == QDate::currentDate());
+    EXPECT_TRUE(order.firstSheet == 2 && order.lastSheet == 5 && order.backwards && !order.collated);
+    EXPECT_TRUE(order.copies == 3 && order.queueCopies == 1 && order.date == QDate::currentDate());
     EXPECT_EQ(order.paper.toSize(), QSize(277, 190));
     const PrintOrder onPaper = choose("", QDialog::Accepted);
     EXPECT_TRUE(onPaper.destination == "sent to " && onPaper.firstSheet == 1 && onPaper.lastSheet >= 7);
