@@ -16,9 +16,6 @@ class Story:
     def __init__(self, stage, program, pictures):
         self.stage, self.program, self.pictures = stage, program, pictures
 
-    def picture(self, name):
-        self.stage.picture(self.pictures / f"{name}.png")
-
     def practise(self, order):
         self.player.push("Practice Solving Squares")
         self.player.wait_for_score(order, 0, 0, 0)
@@ -30,15 +27,15 @@ class Story:
     def by_keyboard_alone(self):
         print("By keyboard alone: 5 by 5 with every shape")
         player = self.player
-        self.picture("1-main-page")
+        self.stage.picture(self.pictures / "1-main-page.png")
         player.choose("Puzzle-mode", "Choose Magic Square Properties")
         for name in EVERY_SHAPE:
             player.tick(name)
         player.push("Done")
         self.practise(5)
-        self.picture("2-practising")
+        self.stage.picture(self.pictures / "2-practising.png")
         player.answer(player.go_to, 5, 65, solver.lines(5, shapes=True))
-        self.picture("3-solved-and-next")
+        self.stage.picture(self.pictures / "3-solved-and-next.png")
         self.quit_playing()
 
     def with_the_mouse(self):

@@ -10,14 +10,14 @@ import sheets
 import solver
 from player import Player
 from printer import PrintQueue
-from stage import Failure, expect, on_stage, run
+from stage import expect, on_stage, run
 
 KINDS = {"Print only completed Squares": ["Squares"], "Print only Puzzles": ["Puzzles"],
          "Print both Puzzles and Answers": ["Puzzles", "Answers"]}
 BOTH = "Print both Puzzles and Answers"
 
 DEFAULTS = {"order": 5, "start": "1", "distance": "1", "mode": BOTH, "on_queue": False, "first": 1,
-    "last": None, "copies": 1, "reverse": False, "bundles": 1}
+            "last": None, "copies": 1, "reverse": False, "bundles": 1}
 
 
 class Batch(types.SimpleNamespace):
@@ -36,11 +36,12 @@ class Batch(types.SimpleNamespace):
         by_name = {(sheet.kind, sheet.number): sheet for sheet in printed}
         found = {kind: {} for kind in self.kinds}
         for sheet in by_name.values():
-            if f" · {self.order} by {self.order} · " not in sheet.caption:
-                raise Failure(f"saw {sheet.caption!r} as the caption")
+            expect("the order in a caption", f" · {self.order} by {self.order} · " in sheet.caption, True)
             whole = by_name.get((self.kinds[-1], sheet.number), sheet)
             for note, board in zip(sheet.notes, sheet.boards(self.order, whole.grid()), strict=True):
                 found[sheet.kind][note] = board
+        if not self.last:
+            expect("the number of squares", len(found[self.kinds[0]]), self.count)
         for note in found[self.kinds[0]]:
             self.check_square(note, *(found[kind].get(note) for kind in self.kinds))
 

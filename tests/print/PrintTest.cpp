@@ -227,6 +227,7 @@ TEST_F(BatchTest, PrintsTheSheetsOrderedAndTellsHowItEnded) {
         };
         events.onYield = [&](int) {
             if (printer.sheets.size() == row.stop)
+                // By the key or by the menu.
                 row.copies > 1 ? menus().aprinting->trigger() : pressKey(Qt::Key_Q);
         };
         print(row.order, row.count);
@@ -291,8 +292,8 @@ TEST(Paper, HoldsTheContentInItsSizeUndistortedAndCentred) {
         QPainter painter(&paper);
         const double scale = content.width() / 600.0 * 25.4 / 144;
         paintSheet(painter, Sheet{drawing, {8, 8, 600, 523}, scale, QString(250, 'E')});
-        EXPECT_EQ(boundsOf(paper, qRgb(255, 255, 0)), content);
-        EXPECT_TRUE(QRect(0, size.height() - 20, size.width(), 19).contains(boundsOf(paper, qRgb(0, 0, 0))))
+        EXPECT_EQ(boundsOf(paper, Qt::yellow), content);
+        EXPECT_TRUE(QRect(0, size.height() - 20, size.width(), 19).contains(boundsOf(paper, Qt::black)))
             << "a caption that is too wide";
     }
 }
@@ -309,7 +310,7 @@ TEST(Drawing, CondensesDigitsIntoTheirRoom) {
     surface.drawing().replay(painter);
     for (const QImage& shown : {surface.grab({0, 0, 60, 24}).toImage(), paper}) {
         const QImage ink = shown.createMaskFromColor(qRgb(255, 255, 255));
-        const QRect inked = boundsOf(ink, qRgb(0, 0, 0));
+        const QRect inked = boundsOf(ink, Qt::black);
         EXPECT_TRUE(QRect(9, 0, 23, 24).contains(inked) && inked.width() > 15) << inked.x() << inked.width();
     }
 }
@@ -358,6 +359,7 @@ TEST(PrintJob, IsWholeOrNotThereAndSaysWhy) {
     qputenv("TMPDIR", "/proc"); // which has no room at all
     EXPECT_TRUE(job.print(Sheet{drawing, {8, 8, 745, 523}, 0.3, "Squares"}).contains("No space left"));
     qputenv("TMPDIR", temporary);
+    // The print client keeps that it reached no server.
     EXPECT_TRUE(job.finish().endsWith("did not take the sheets: " + qt_error_string(EBADF) + '.'));
 }
 

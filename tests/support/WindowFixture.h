@@ -25,8 +25,9 @@ requires(std::is_same_v<Value, QString> || std::is_same_v<Value, QRect> ||
 namespace quarvelle::testing {
 
 /// What a color covers of a picture.
-inline QRect boundsOf(const QImage& picture, QRgb color) {
-    return QRegion(QBitmap::fromImage(picture.createMaskFromColor(color, Qt::MaskOutColor))).boundingRect();
+inline QRect boundsOf(const QImage& picture, const QColor& color) {
+    return QRegion(QBitmap::fromImage(picture.createMaskFromColor(color.rgb(), Qt::MaskOutColor)))
+        .boundingRect();
 }
 
 /// The whole program on a window of its own, with scripted draws and turns.

@@ -155,7 +155,7 @@ static QRect inkOf(auto& widget) {
     painter.setCompositionMode(QPainter::CompositionMode_Difference);
     painter.drawPixmap(0, 0, widget.grab());
     widget.setText(text);
-    return boundsOf(ink.createMaskFromColor(qRgb(0, 0, 0)), qRgb(0, 0, 0));
+    return boundsOf(ink.createMaskFromColor(qRgb(0, 0, 0)), Qt::black);
 }
 
 TEST_F(LookTest, CaptionsAreWholeAtEveryFactorAndBlackOnDarkDesktopsToo) {
@@ -230,6 +230,7 @@ TEST_F(LookTest, PagesAreAlikeAtEveryFactor) {
     const auto expectAlike = [&] {
         QStyle* const scaled = menus().pages->currentWidget()->style();
         QImage alike;
+        // At 0 in the toolkit's ordinary style, beside which all others are seen.
         for (const double factor : {0.0, 1.0, 2.0, 3.0}) {
             window().resize((QSizeF(760, 540) * std::max(factor, 1.0)).toSize() +
                             QSize(0, window().menuBar()->height()));
