@@ -64,4 +64,4 @@ lint: ## Check the layout and the pitfalls of the code, and how much of it is te
 	cmake --preset dev
 	cmake --build --preset dev
 	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
-	git ls-files 'engine/*.cpp' 'ui/*.cpp' 'practice/*.cpp' 'print/*.cpp' 'app/*.cpp' | xargs -n 4 -P 2 clang-tidy --quiet --extra-arg=-Wno-unknown-warning-option -p build/dev
+	git ls-files 'engine/*.cpp' 'widgets/*.cpp' 'board/*.cpp' 'ui/*.cpp' 'practice/*.cpp' 'print/*.cpp' 'app/*.cpp' | xargs -n 4 -P 2 clang-tidy --quiet --extra-arg=-Wno-unknown-warning-option -p build/dev

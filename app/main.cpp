@@ -3,7 +3,7 @@
 #include <QTime>
 
 #include "app/Program.h"
-#include "ui/QtEventQueue.h"
+#include "widgets/QtEventQueue.h"
 
 namespace {
 

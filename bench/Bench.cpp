@@ -7,7 +7,7 @@
 #include "engine/Construction.h"
 #include "engine/EventQueue.h"
 #include "engine/Random.h"
-#include "practice/BlankSelection.h"
+#include "engine/BlankSelection.h"
 #include "tests/support/Literal.h"
 
 namespace quarvelle {

@@ -8,9 +8,9 @@
 
 #include "app/Program.h"
 #include "practice/Titles.h"
-#include "ui/BoardPage.h"
+#include "board/BoardPage.h"
 #include "ui/MainPage.h"
-#include "ui/QtEventQueue.h"
+#include "widgets/QtEventQueue.h"
 
 namespace quarvelle {
 namespace {

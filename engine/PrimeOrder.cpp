@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "engine/Numbers.h"
 #include "engine/ProgramState.h"
 
 namespace quarvelle {
@@ -14,6 +15,11 @@ bool primetest(double x) {
         if (candidate % divisor == 0)
             return false;
     return true;
+}
+
+std::string orderByOrder(int n) {
+    const std::string order = numberText(n);
+    return "(" + order + " by " + order + ")";
 }
 
 bool stepToOrder(ProgramState& state, int step) {

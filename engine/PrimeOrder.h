@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace quarvelle {
 
 struct ProgramState;
@@ -10,6 +12,9 @@ inline constexpr double maxPrimeEntry = 32767;
 /// Whether `x` is an order: a whole prime from 5 to 32767. A composite number has a divisor no greater than
 /// its square root.
 bool primetest(double x);
+
+/// "(n by n)".
+std::string orderByOrder(int n);
 
 /// Steps `sizeEntry` by `step` (+1 or -1) to the next order and returns true. Leaves it alone and returns
 /// false where the entry is negative, fractional or above 32767, or where no order follows in that direction.

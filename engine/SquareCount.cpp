@@ -1,13 +1,13 @@
 #include "engine/SquareCount.h"
 
 #include "engine/Numbers.h"
+#include "engine/PrimeOrder.h"
 #include "engine/ProgramState.h"
 
 namespace quarvelle {
 
 SquareCount squareCount(ProgramState& state, int n) {
-    const std::string order = numberText(n);
-    const std::string by = "(" + order + " by " + order + ")";
+    const std::string by = orderByOrder(n);
     const std::string question = "How many " + by + " \"Complete\" Magic Squares are there?:";
     if (n > 97)
         return {question, "The number of Squares is too large!", "", "", ""};

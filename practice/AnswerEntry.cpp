@@ -1,12 +1,12 @@
 #include "practice/AnswerEntry.h"
 
-#include "engine/BoardGeometry.h"
+#include "board/BoardGeometry.h"
 #include "engine/LineKinds.h"
 #include "engine/Numbers.h"
-#include "practice/Board.h"
+#include "board/Board.h"
 #include "practice/Titles.h"
-#include "ui/BoardPage.h"
-#include "ui/KeyCodes.h"
+#include "board/BoardPage.h"
+#include "widgets/KeyCodes.h"
 #include "ui/MainWindow.h"
 
 namespace quarvelle {

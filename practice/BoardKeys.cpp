@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "ui/BoardPage.h"
+#include "board/BoardPage.h"
 #include "ui/MainWindow.h"
 
 namespace quarvelle {

@@ -1,8 +1,8 @@
 #include "practice/CellSelection.h"
 
-#include "engine/BoardGeometry.h"
+#include "board/BoardGeometry.h"
 #include "engine/LineKinds.h"
-#include "ui/BoardPage.h"
+#include "board/BoardPage.h"
 #include "ui/MainWindow.h"
 
 namespace quarvelle {

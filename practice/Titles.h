@@ -6,9 +6,6 @@ namespace quarvelle {
 
 struct ProgramState;
 
-/// "(n by n)".
-std::string orderByOrder(const ProgramState& state);
-
 /// The window title while a square is being built.
 std::string constructionTitle(const ProgramState& state);
 

@@ -4,8 +4,8 @@
 
 #include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
+#include "engine/PrimeOrder.h"
 #include "engine/ProgramState.h"
-#include "practice/Titles.h"
 #include "print/Printer.h"
 
 namespace quarvelle {
@@ -21,7 +21,7 @@ QString textOf(double number) {
 std::string batchTitle(const ProgramState& state) {
     // In the order of the values of `puzzleMode`.
     constexpr std::array<const char*, 3> kinds{"squares", "puzzles", "puzzles and answers"};
-    return "Creating " + orderByOrder(state) +
+    return "Creating " + orderByOrder(state.squareSize) +
            " Complete Magic Square(s): " + numberText(state.printCount - state.squaresSolved) + " out of " +
            numberText(state.printCount) + ' ' + kinds[static_cast<std::size_t>(state.puzzleMode)] +
            " left to print.";

@@ -5,10 +5,10 @@
 #include <cmath>
 #include <tuple>
 
-#include "engine/BoardGeometry.h"
+#include "board/BoardGeometry.h"
 #include "engine/ProgramState.h"
-#include "practice/Board.h"
-#include "ui/Fonts.h"
+#include "board/Board.h"
+#include "widgets/Fonts.h"
 
 namespace quarvelle {
 

@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "print/Printer.h"
-#include "ui/Drawing.h"
-#include "ui/Fonts.h"
+#include "widgets/Drawing.h"
+#include "widgets/Fonts.h"
 
 namespace quarvelle {
 

@@ -6,11 +6,11 @@
 
 #include "engine/EventQueue.h"
 #include "engine/ProgramState.h"
-#include "practice/Board.h"
+#include "board/Board.h"
 #include "print/BatchTexts.h"
 #include "print/SheetPainter.h"
-#include "ui/BoardPage.h"
-#include "ui/FootLine.h"
+#include "board/BoardPage.h"
+#include "widgets/FootLine.h"
 #include "ui/MainPage.h"
 #include "ui/MainWindow.h"
 

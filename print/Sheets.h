@@ -6,7 +6,7 @@
 #include "print/Printer.h"
 #include "print/SheetLayout.h"
 #include "print/SheetPlan.h"
-#include "ui/Drawing.h"
+#include "widgets/Drawing.h"
 
 namespace quarvelle {
 

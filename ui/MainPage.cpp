@@ -1,11 +1,11 @@
 #include "ui/MainPage.h"
 
-#include "engine/BoardGeometry.h"
+#include "board/BoardGeometry.h"
 #include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
 #include "engine/PrimeOrder.h"
 #include "engine/SquareCount.h"
-#include "ui/KeyCodes.h"
+#include "widgets/KeyCodes.h"
 
 namespace quarvelle {
 

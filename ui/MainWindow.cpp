@@ -5,17 +5,17 @@
 #include <QKeyEvent>
 #include <QWindowStateChangeEvent>
 
-#include "ui/AccessibleBoard.h"
-#include "ui/BoardPage.h"
-#include "ui/FootLine.h"
+#include "board/AccessibleBoard.h"
+#include "board/BoardPage.h"
+#include "widgets/FootLine.h"
 #include "ui/InformationPage.h"
-#include "ui/KeyCodes.h"
+#include "widgets/KeyCodes.h"
 #include "ui/MainPage.h"
-#include "ui/PageScale.h"
+#include "widgets/PageScale.h"
 #include "ui/Pages.h"
 #include "ui/PropertiesPage.h"
 #include "ui/SizeMenu.h"
-#include "ui/Zoom.h"
+#include "widgets/Zoom.h"
 
 namespace quarvelle {
 

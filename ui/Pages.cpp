@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <array>
 
-#include "ui/FootLine.h"
+#include "widgets/FootLine.h"
 #include "ui/InformationPage.h"
 #include "ui/MainPage.h"
 #include "ui/MainWindow.h"

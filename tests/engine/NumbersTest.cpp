@@ -4,7 +4,6 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "engine/BoardGeometry.h"
 #include "engine/Construction.h"
 #include "engine/MagicArithmetic.h"
 #include "engine/PrimeOrder.h"
@@ -57,27 +56,6 @@ TEST(Numbers, AreWhatDecimalArithmeticSays) {
     // Where a double can't hold the decimals.
     EXPECT_EQ(lastNumber(5, 1e16, 0.7), 1e16 + 0.7 * 24);
     EXPECT_EQ(lastNumber(5, 0.1, 1e-16), 0.1 + 1e-16 * 24);
-}
-
-TEST(Numbers, DecideWhatFitsOnTheBoard) {
-    // n, s, d, the width of a cell and how many fit across
-    const std::tuple<std::int16_t, double, double, int, int> rows[] = {
-        {29, 1, 1, 24, 29},        {31, 1, 1, 24, 31},    {5, -500, 58, 32, 5},  {5, -500, 100, 40, 5},
-        {5, -0.3, 0.1, 32, 5},     {5, -2.4, 0.1, 32, 5}, {5, -1000, -1, 40, 5}, {29, 1, 1e14, 56, 13},
-        {5, 1e200, -1e199, 72, 5}, {5, 1, 1e199, 64, 5},  {32749, 1, 1, 80, 9}};
-    for (const auto& [n, s, d, cellWidth, columns] : rows) {
-        ProgramState state;
-        state.squareSize = n;
-        state.startNumber = s;
-        state.distance = d;
-        const BoardGeometry board = boardGeometry(state);
-        SCOPED_TRACE(s);
-        EXPECT_EQ(board.cellWidth, cellWidth);
-        EXPECT_EQ(board.visibleColumns, columns);
-        EXPECT_EQ(board.visibleRows, std::min<int>(n, 29));
-        EXPECT_EQ(board.hasAllCells, columns == n && n <= 29);
-        EXPECT_EQ(hasPlayableNumbers(state), std::fabs(d) < 1e199);
-    }
 }
 
 TEST(Numbers, AreStatedForEveryOrder) {

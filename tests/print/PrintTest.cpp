@@ -15,9 +15,9 @@
 #include "print/QueueJob.h"
 #include "print/SheetPainter.h"
 #include "tests/support/WindowFixture.h"
-#include "ui/DrawingSurface.h"
-#include "ui/Fonts.h"
-#include "ui/FootLine.h"
+#include "widgets/DrawingSurface.h"
+#include "widgets/Fonts.h"
+#include "widgets/FootLine.h"
 
 namespace quarvelle::testing {
 

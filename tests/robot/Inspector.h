@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "engine/BoardGeometry.h"
+#include "board/BoardGeometry.h"
 #include "engine/MagicArithmetic.h"
 #include "tests/support/WindowFixture.h"
 

@@ -3,7 +3,7 @@
 #include <random>
 
 #include "tests/robot/Inspector.h"
-#include "ui/PageScale.h"
+#include "widgets/PageScale.h"
 
 namespace quarvelle::testing {
 /// What a person could type into a number box to see what happens.

@@ -7,7 +7,7 @@
 #include "engine/Numbers.h"
 #include "print/Printer.h"
 #include "tests/support/Lines.h"
-#include "ui/Drawing.h"
+#include "widgets/Drawing.h"
 
 namespace quarvelle::testing {
 

@@ -10,7 +10,7 @@
 #include "tests/support/PrintedBoards.h"
 #include "tests/support/ScreenReader.h"
 #include "tests/support/Scripted.h"
-#include "ui/BoardPage.h"
+#include "board/BoardPage.h"
 #include "ui/InformationPage.h"
 #include "ui/MainPage.h"
 #include "ui/PropertiesPage.h"

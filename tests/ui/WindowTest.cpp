@@ -8,10 +8,10 @@
 #include <QWheelEvent>
 
 #include "tests/support/WindowFixture.h"
-#include "ui/FootLine.h"
-#include "ui/PageScale.h"
-#include "ui/PixelGrid.h"
-#include "ui/QtEventQueue.h"
+#include "widgets/FootLine.h"
+#include "widgets/PageScale.h"
+#include "widgets/PixelGrid.h"
+#include "widgets/QtEventQueue.h"
 
 namespace quarvelle::testing {
 using LookTest = WindowFixture;

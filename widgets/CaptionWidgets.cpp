@@ -1,11 +1,11 @@
-#include "ui/CaptionWidgets.h"
+#include "widgets/CaptionWidgets.h"
 
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <algorithm>
 
-#include "ui/Fonts.h"
-#include "ui/PageScale.h"
+#include "widgets/Fonts.h"
+#include "widgets/PageScale.h"
 
 namespace quarvelle {
 

@@ -1,4 +1,4 @@
-#include "practice/RunSettings.h"
+#include "ui/RunSettings.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/ProgramState.h"
-#include "ui/DrawingSurface.h"
+#include "widgets/DrawingSurface.h"
 #include "ui_BoardPage.h"
 
 namespace quarvelle {

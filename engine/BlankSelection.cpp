@@ -1,4 +1,4 @@
-#include "practice/BlankSelection.h"
+#include "engine/BlankSelection.h"
 
 #include <algorithm>
 #include <cassert>

@@ -1,13 +1,13 @@
-#include "ui/Drawing.h"
+#include "widgets/Drawing.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
 
-#include "ui/Fonts.h"
-#include "ui/PageScale.h"
-#include "ui/PixelGrid.h"
-#include "ui/ShownText.h"
+#include "widgets/Fonts.h"
+#include "widgets/PageScale.h"
+#include "widgets/PixelGrid.h"
+#include "widgets/ShownText.h"
 
 namespace quarvelle {
 

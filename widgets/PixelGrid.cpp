@@ -1,4 +1,4 @@
-#include "ui/PixelGrid.h"
+#include "widgets/PixelGrid.h"
 
 #include <QPainter>
 #include <QWidget>

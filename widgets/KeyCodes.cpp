@@ -1,4 +1,4 @@
-#include "ui/KeyCodes.h"
+#include "widgets/KeyCodes.h"
 
 #include <QKeyEvent>
 

@@ -1,4 +1,4 @@
-#include "ui/FootLine.h"
+#include "widgets/FootLine.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-#include "ui/QtEventQueue.h"
+#include "widgets/QtEventQueue.h"
 
 #include <QCoreApplication>
 

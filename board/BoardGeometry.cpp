@@ -1,4 +1,4 @@
-#include "engine/BoardGeometry.h"
+#include "board/BoardGeometry.h"
 
 #include <algorithm>
 

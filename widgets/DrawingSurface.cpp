@@ -1,11 +1,11 @@
-#include "ui/DrawingSurface.h"
+#include "widgets/DrawingSurface.h"
 
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimerEvent>
 
-#include "ui/PageScale.h"
-#include "ui/PixelGrid.h"
+#include "widgets/PageScale.h"
+#include "widgets/PixelGrid.h"
 
 namespace quarvelle {
 

@@ -1,12 +1,12 @@
-#include "ui/BoardPage.h"
+#include "board/BoardPage.h"
 
 #include <QAccessible>
 #include <QPainter>
 #include <algorithm>
 
-#include "engine/BoardGeometry.h"
-#include "ui/PageScale.h"
-#include "ui/PixelGrid.h"
+#include "board/BoardGeometry.h"
+#include "widgets/PageScale.h"
+#include "widgets/PixelGrid.h"
 
 namespace quarvelle {
 

@@ -1,12 +1,12 @@
-#include "ui/PictureBox.h"
+#include "widgets/PictureBox.h"
 
 #include <QPainter>
 #include <algorithm>
 #include <array>
 #include <vector>
 
-#include "ui/PageScale.h"
-#include "ui/PixelGrid.h"
+#include "widgets/PageScale.h"
+#include "widgets/PixelGrid.h"
 
 namespace quarvelle {
 

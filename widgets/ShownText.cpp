@@ -1,12 +1,12 @@
-#include "ui/ShownText.h"
+#include "widgets/ShownText.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QtMath>
 #include <algorithm>
 
-#include "ui/Fonts.h"
-#include "ui/PageScale.h"
+#include "widgets/Fonts.h"
+#include "widgets/PageScale.h"
 
 namespace quarvelle {
 

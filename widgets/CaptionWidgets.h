@@ -4,7 +4,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "ui/CaptionLayout.h"
+#include "widgets/CaptionLayout.h"
 
 namespace quarvelle {
 

@@ -1,11 +1,11 @@
-#include "ui/CaptionLayout.h"
+#include "widgets/CaptionLayout.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QTextLayout>
 #include <algorithm>
 
-#include "ui/Fonts.h"
+#include "widgets/Fonts.h"
 
 namespace quarvelle {
 

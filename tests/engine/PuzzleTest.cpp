@@ -6,7 +6,7 @@
 #include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
 #include "engine/Stepping.h"
-#include "practice/BlankSelection.h"
+#include "engine/BlankSelection.h"
 #include "tests/support/Literal.h"
 #include "tests/support/Scripted.h"
 

@@ -4,7 +4,7 @@
 #include <QElapsedTimer>
 #include <QWidget>
 
-#include "ui/Drawing.h"
+#include "widgets/Drawing.h"
 
 namespace quarvelle {
 

@@ -1,9 +1,9 @@
-#include "ui/AccessibleBoard.h"
+#include "board/AccessibleBoard.h"
 
 #include "engine/LineKinds.h"
 #include "engine/Numbers.h"
-#include "ui/BoardPage.h"
-#include "ui/PictureBox.h"
+#include "board/BoardPage.h"
+#include "widgets/PictureBox.h"
 
 namespace quarvelle {
 

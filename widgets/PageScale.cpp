@@ -1,4 +1,4 @@
-#include "ui/PageScale.h"
+#include "widgets/PageScale.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -8,7 +8,7 @@
 #include <QtMath>
 #include <algorithm>
 
-#include "ui/Fonts.h"
+#include "widgets/Fonts.h"
 
 namespace quarvelle {
 

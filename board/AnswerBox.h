@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/EntryBox.h"
+#include "widgets/EntryBox.h"
 
 namespace quarvelle {
 

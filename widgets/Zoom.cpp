@@ -1,11 +1,11 @@
-#include "ui/Zoom.h"
+#include "widgets/Zoom.h"
 
 #include <QScrollArea>
 #include <QWheelEvent>
 #include <QtMath>
 #include <algorithm>
 
-#include "ui/PageScale.h"
+#include "widgets/PageScale.h"
 
 namespace quarvelle {
 

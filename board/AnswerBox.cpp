@@ -1,13 +1,13 @@
-#include "ui/AnswerBox.h"
+#include "board/AnswerBox.h"
 
 #include <QEvent>
 #include <QFontMetricsF>
 #include <algorithm>
 
-#include "ui/DrawingSurface.h"
-#include "ui/Fonts.h"
-#include "ui/PageScale.h"
-#include "ui/ShownText.h"
+#include "widgets/DrawingSurface.h"
+#include "widgets/Fonts.h"
+#include "widgets/PageScale.h"
+#include "widgets/ShownText.h"
 
 namespace quarvelle {
 

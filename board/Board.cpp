@@ -1,12 +1,12 @@
-#include "practice/Board.h"
+#include "board/Board.h"
 
 #include <algorithm>
 #include <limits>
 
-#include "engine/BoardGeometry.h"
+#include "board/BoardGeometry.h"
 #include "engine/LineKinds.h"
 #include "engine/Numbers.h"
-#include "ui/Drawing.h"
+#include "widgets/Drawing.h"
 
 namespace quarvelle {
 

@@ -1,4 +1,4 @@
-#include "ui/EntryBox.h"
+#include "widgets/EntryBox.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include "engine/Numbers.h"
-#include "ui/KeyCodes.h"
+#include "widgets/KeyCodes.h"
 
 namespace quarvelle {
 
