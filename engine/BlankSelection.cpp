@@ -60,12 +60,13 @@ bool Selection::diagonalTakesPart(int kind) const {
     if (m_state.allDiagonals != 0)
         return true;
     const auto [row, column] = candidate();
-    return kind == 3 ? row + column == m_state.squareSize + 1 : row == column;
+    return kind == WholeLine::antiDiagonal ? row + column == m_state.squareSize + 1 : row == column;
 }
 
 bool Selection::diagonalsTakePart() const {
     return m_state.allDiagonals != 0 ||
-           (m_state.mainDiagonalsAndLines == 1 && (diagonalTakesPart(3) || diagonalTakesPart(4)));
+           (m_state.mainDiagonalsAndLines == 1 &&
+            (diagonalTakesPart(WholeLine::antiDiagonal) || diagonalTakesPart(WholeLine::diagonal)));
 }
 
 /// Rates the whole line of `kind` through the candidate: usable unless it gives a blank already.
@@ -88,21 +89,22 @@ void Selection::rateLines() {
     if (isBlank(candidateCell()))
         return;
     if (m_state.mainDiagonalsAndLines == 1) {
-        rateLine(1);
-        rateLine(2);
+        rateLine(WholeLine::column);
+        rateLine(WholeLine::row);
     }
     if (diagonalsTakePart()) {
-        // Kind 3 counts as turned down wherever diagonals take part and it doesn't; kind 4 does not.
-        if (diagonalTakesPart(3))
-            rateLine(3);
+        // Where diagonals take part, an anti-diagonal that doesn't counts as turned down; a diagonal does
+        // not.
+        if (diagonalTakesPart(WholeLine::antiDiagonal))
+            rateLine(WholeLine::antiDiagonal);
         else
-            m_state.lineRejected[3] = 1;
-        if (diagonalTakesPart(4))
-            rateLine(4);
+            m_state.lineRejected[WholeLine::antiDiagonal] = 1;
+        if (diagonalTakesPart(WholeLine::diagonal))
+            rateLine(WholeLine::diagonal);
     }
     for (const PropertyFamily& family : propertyFamilies)
         if (m_state.*family.mode != PropertyMode::none)
-            family.rate(m_state);
+            rateShape(m_state, family);
 }
 
 /// Draws kinds until one is usable and, when challenging, holds the most blanks. A usable kind with the best
@@ -141,7 +143,7 @@ void Selection::placeRoot(int kind) {
 
 /// Blanks the candidate through its line of `kind` if the puzzle stays solvable.
 bool Selection::placeBlank(int kind) {
-    if (m_root.contains(candidate()) || !m_ledger.accepts(kind, candidate()))
+    if (m_root.contains(candidate()) || !m_ledger.candidate(candidate()).accepts(kind))
         return false;
     candidateCell() = blankMarker(kind);
     m_ledger.place(kind, candidate());
@@ -174,11 +176,10 @@ bool Selection::placeThroughLine(int kind) {
 /// The last property that finds a placement has the candidate, so the ledger hears of it only then.
 bool Selection::placeThroughShape() {
     m_state.blankPlaced = 0;
-    // The ledger's answer is that of the procedures' own check, sooner.
+    const LineLedger::Candidate asked = m_ledger.candidate(candidate());
     for (const PropertyFamily& family : propertyFamilies)
-        if (m_state.*family.mode != PropertyMode::none &&
-            m_ledger.acceptsOneOf(family.firstKind, family.firstKind + kindsPerFamily - 1, candidate()))
-            family.place(m_state);
+        if (m_state.*family.mode != PropertyMode::none)
+            placeShape(m_state, family, [&asked](int kind) { return asked.accepts(kind); });
     if (m_state.blankPlaced == 1)
         m_ledger.place(markerKind(candidateCell()), candidate());
     return m_state.blankPlaced == 1;
@@ -187,12 +188,13 @@ bool Selection::placeThroughShape() {
 bool Selection::placeAtCandidate() {
     if (m_root.contains(candidate()) || isBlank(candidateCell()))
         return false;
-    if (m_state.mainDiagonalsAndLines == 1 && (placeThroughLine(1) || placeThroughLine(2)))
+    if (m_state.mainDiagonalsAndLines == 1 &&
+        (placeThroughLine(WholeLine::column) || placeThroughLine(WholeLine::row)))
         return true;
     // Off the diagonals that take part, the properties are not tried either.
     if (!diagonalsTakePart())
         return false;
-    for (const int kind : {3, 4})
+    for (const int kind : {WholeLine::antiDiagonal, WholeLine::diagonal})
         if (diagonalTakesPart(kind) && placeThroughLine(kind))
             return true;
     return placeThroughShape();

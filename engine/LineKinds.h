@@ -9,8 +9,33 @@ namespace quarvelle {
 
 /// Kinds 1 to this are whole lines of n cells; the kinds above are shapes of five.
 inline constexpr int wholeLineKinds = 4;
+
+/// The whole lines: along an anti-diagonal row + column stays the same, along a diagonal row - column.
+namespace WholeLine {
+inline constexpr int column = 1;
+inline constexpr int row = 2;
+inline constexpr int antiDiagonal = 3;
+inline constexpr int diagonal = 4;
+} // namespace WholeLine
+
 /// The five-cell kinds come in families of this many: one shape, anchored at each of its cells.
 inline constexpr int kindsPerFamily = 5;
+
+/// The families, each at its place in `shapeFamilies`.
+enum ShapeFamily { crossDiagonals, scatteredCrossDiagonals, crossLines, scatteredCrossLines };
+
+/// The first kind of a family; its anchor is the centre of the shape.
+constexpr int firstKindOf(int family) {
+    return wholeLineKinds + 1 + family * kindsPerFamily;
+}
+/// The family of a five-cell kind.
+constexpr int familyOf(int kind) {
+    return (kind - firstKindOf(0)) / kindsPerFamily;
+}
+/// Which cell of its shape a five-cell kind is anchored at: 0 for the centre, 1 to 4 for the arms.
+constexpr int anchorOf(int kind) {
+    return (kind - firstKindOf(0)) % kindsPerFamily;
+}
 
 /// The only order with five-cell kinds.
 inline constexpr int shapeOrder = 5;
@@ -63,8 +88,7 @@ constexpr Step wholeLineStep(int kind) {
 
 /// The shape of a five-cell kind 5 to 24.
 constexpr const Shape& shapeOffsets(int kind) {
-    const auto index = static_cast<std::size_t>(kind - wholeLineKinds - 1);
-    return shapeFamilies[index / kindsPerFamily][index % kindsPerFamily];
+    return shapeFamilies[static_cast<std::size_t>(familyOf(kind))][static_cast<std::size_t>(anchorOf(kind))];
 }
 
 /// The marker of a blank that is deduced through `kind` (1 to 24): 1e200 to 1e223.

@@ -12,11 +12,11 @@ static_assert(shapeOrder * (wholeLineKinds + familyCount * shapeOrder) <= wholeL
 /// own offset being zero.
 constexpr auto shapeCentres = [] {
     std::array<Step, lineKindCount + 1> centres{};
-    for (int kind = wholeLineKinds + 1; kind <= lineKindCount; ++kind) {
+    for (int kind = firstKindOf(0); kind <= lineKindCount; ++kind) {
         Step& centre = centres[static_cast<std::size_t>(kind)];
         for (const Step offset : shapeOffsets(kind))
             centre = {centre.row + offset.row, centre.column + offset.column};
-        centre = {centre.row / 5, centre.column / 5};
+        centre = {centre.row / kindsPerFamily, centre.column / kindsPerFamily};
     }
     return centres;
 }();
@@ -24,11 +24,11 @@ constexpr auto shapeCentres = [] {
 /// Which of the n lines of a whole-line kind, 1 to n, holds the cell: what its step leaves the same.
 int wholeLineIndex(int kind, Cell cell, int n) {
     switch (kind) {
-    case 1:
+    case WholeLine::column:
         return cell.column;
-    case 2:
+    case WholeLine::row:
         return cell.row;
-    case 3:
+    case WholeLine::antiDiagonal:
         return wrapped(cell.row + cell.column, n);
     default:
         return wrapped(cell.row - cell.column, n);
@@ -48,9 +48,8 @@ std::size_t LineLedger::numberOf(int kind, Cell cell) const {
     const int n = m_order;
     if (kind <= wholeLineKinds)
         return static_cast<std::size_t>((kind - 1) * n + wholeLineIndex(kind, cell, n) - 1);
-    const int family = (kind - wholeLineKinds - 1) / kindsPerFamily;
     const auto [row, column] = wrapped(cell + shapeCentres[static_cast<std::size_t>(kind)], n);
-    return static_cast<std::size_t>((wholeLineKinds + family * n + row - 1) * n + column - 1);
+    return static_cast<std::size_t>((wholeLineKinds + familyOf(kind) * n + row - 1) * n + column - 1);
 }
 
 LineLedger::LineSet LineLedger::linesThrough(Cell cell) const {
@@ -58,16 +57,6 @@ LineLedger::LineSet LineLedger::linesThrough(Cell cell) const {
     for (int kind = 1; kind <= m_kinds; ++kind)
         lines.set(numberOf(kind, cell));
     return lines;
-}
-
-bool LineLedger::acceptsOneOf(int first, int last, Cell cell) const {
-    // Every line through the cell would need the new blank; where the line that gives it needs one of them
-    // already, the cycle would close.
-    const LineSet through = linesThrough(cell);
-    for (int kind = first; kind <= last; ++kind)
-        if ((line(kind, cell).needs & through).none())
-            return true;
-    return false;
 }
 
 void LineLedger::place(int kind, Cell cell) {

@@ -27,14 +27,12 @@ public:
     /// Whether a blank is to be found through the line of `kind` through `cell`.
     bool givesBlank(int kind, Cell cell) const { return line(kind, cell).givesBlank; }
 
-    /// Whether `cell`, which is not blank, may become a blank that is found through its line of `kind`, so
-    /// that the blanks can still be found one at a time: whether no cycle closes. The answer of `makeblanks`.
-    bool accepts(int kind, Cell cell) const { return acceptsOneOf(kind, kind, cell); }
+    class Candidate;
 
-    /// Whether it may become one that is found through its line of one of the kinds `first` to `last`.
-    bool acceptsOneOf(int first, int last, Cell cell) const;
+    /// A cell that is not blank, to be asked about.
+    Candidate candidate(Cell cell) const;
 
-    /// Takes down the blank at `cell`, which must have been accepted for `kind`.
+    /// Records the blank at `cell`, which must have been accepted for `kind`.
     void place(int kind, Cell cell);
 
 private:
@@ -55,5 +53,26 @@ private:
     int m_kinds; ///< kinds 1 to this have a line through every cell
     std::vector<Line> m_lines;
 };
+
+/// What a ledger, which outlives it and doesn't change meanwhile, knows of one cell.
+class LineLedger::Candidate {
+public:
+    Candidate(const LineLedger& ledger, Cell cell)
+        : m_ledger(ledger), m_cell(cell), m_through(ledger.linesThrough(cell)) {}
+
+    /// Whether the cell may become a blank that is found through its line of `kind`, so that the blanks can
+    /// still be found one at a time. The answer of `makeblanks`: every line through the cell would need the
+    /// new blank; where the line that gives it needs one of them already, the cycle would close.
+    bool accepts(int kind) const { return (m_ledger.line(kind, m_cell).needs & m_through).none(); }
+
+private:
+    const LineLedger& m_ledger;
+    Cell m_cell;
+    LineSet m_through;
+};
+
+inline LineLedger::Candidate LineLedger::candidate(Cell cell) const {
+    return {*this, cell};
+}
 
 } // namespace quarvelle

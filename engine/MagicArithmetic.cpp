@@ -9,23 +9,25 @@ namespace quarvelle {
 
 namespace {
 
-/// Ten to the number of decimals of `value`, which a text without an exponent has at most 15 of; infinite for
+/// Ten to the number of decimals of `value`, which a text without an exponent has at most 15 of; nothing for
 /// a value with more.
-double decimalScale(double value) {
+std::optional<double> decimalScale(double value) {
     for (double scale = 1; scale <= 1e15; scale *= 10)
         if (std::round(value * scale) / scale == value)
             return scale;
-    return HUGE_VAL;
+    return {};
 }
 
 } // namespace
 
 SquareNumbers::SquareNumbers(double s, double d) : m_first(s), m_step(d) {
-    const double firstScale = decimalScale(s);
-    const double stepScale = decimalScale(d);
-    m_scale = std::max(firstScale, stepScale);
-    m_unitsOfFirst = std::round(s * firstScale) * (m_scale / firstScale);
-    m_unitsOfStep = std::round(d * stepScale) * (m_scale / stepScale);
+    const std::optional<double> firstScale = decimalScale(s);
+    const std::optional<double> stepScale = decimalScale(d);
+    if (!firstScale || !stepScale)
+        return;
+    const double scale = std::max(*firstScale, *stepScale);
+    m_units = {scale, std::round(s * *firstScale) * (scale / *firstScale),
+               std::round(d * *stepScale) * (scale / *stepScale)};
 }
 
 double SquareNumbers::magicTotal(int n) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cmath>
+#include <optional>
 #include <string>
 
 namespace quarvelle {
@@ -31,17 +32,24 @@ public:
 private:
     /// `firsts` times s plus `steps` times d, both whole; `plain` where a double can't hold the units.
     double sum(double firsts, double steps, double plain) const {
+        if (!m_units)
+            return plain;
         constexpr double exactLimit = 9007199254740992; // 2^53
-        const double first = firsts * m_unitsOfFirst;
-        const double rest = steps * m_unitsOfStep;
-        return std::fabs(first) + std::fabs(rest) <= exactLimit ? (first + rest) / m_scale : plain;
+        const double first = firsts * m_units->first;
+        const double rest = steps * m_units->step;
+        return std::fabs(first) + std::fabs(rest) <= exactLimit ? (first + rest) / m_units->scale : plain;
     }
+
+    /// Both numbers, counted in units of their last decimal place.
+    struct Units {
+        double scale; ///< units to 1, a power of ten
+        double first;
+        double step;
+    };
 
     double m_first;
     double m_step;
-    double m_scale; ///< units to 1: a power of ten, infinite where there is no such unit
-    double m_unitsOfFirst;
-    double m_unitsOfStep;
+    std::optional<Units> m_units; ///< where both have a last decimal place
 };
 
 /// The same of the square of order `n` from `s` on in steps of `d`.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace quarvelle {
@@ -62,11 +63,12 @@ inline constexpr int properties = 3;
 /// local of that procedure.
 struct ProgramState {
     // Settings.
-    std::int16_t squareSize = 5; ///< n, a prime of at least 5
-    double startNumber = 1;      ///< s, the first number
-    double distance = 1;         ///< d, between consecutive numbers
-    double blankCount = 100;     ///< blanks asked for, at least 1
-    double printCount = 20;      ///< squares of a batch
+    std::int16_t squareSize = 5;        ///< n, a prime of at least 5
+    double startNumber = 1;             ///< s, the first number
+    double distance = 1;                ///< d, between consecutive numbers
+    double blankCount = 100;            ///< blanks asked for, at least 1
+    double printCount = 20;             ///< squares of a batch
+    std::optional<double> randomStarts; ///< of how many starting numbers each square draws one, if it does
     int difficulty = Difficulty::challenging;
     int puzzleMode = PuzzleMode::both;
     int highlightAnswers = 1;

@@ -1,43 +1,83 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
+#include "engine/DeductionCheck.h"
 #include "engine/LineKinds.h"
 
 namespace quarvelle {
 
-/// The placing family. Each procedure tries the five placements of its shape through the candidate
-/// (`anchorRow`, `anchorCol`), the candidate at the centre first. The first one that fits (anywhere in "All",
-/// inside the square in "Only Main"), holds no marker of its own kind and passes `makeblanks` writes its
-/// marker into `puzzle` and sets `blankPlaced`; where none does, nothing changes. The candidate may be blank
-/// already: a later success overwrites the marker of an earlier one.
-void d1scross(ProgramState& state);
-void d1scross2(ProgramState& state);
-void d1scline(ProgramState& state);
-void d1scline2(ProgramState& state);
-
-/// The rating family. For each of the same placements through a candidate that is not blank it sets
-/// `lineUsable` or `lineRejected`, and `lineBlankCount` and `bestBlankCount` when the blanks on the placement
-/// are at least the best count so far. Clears none of them.
-void d2scross(ProgramState& state);
-void d2scross2(ProgramState& state);
-void d2scline(ProgramState& state);
-void d2scline2(ProgramState& state);
-
-/// One 5 by 5 property: its five line kinds from `firstKind`, its mode field and its two procedures.
+/// One 5 by 5 property: the first of its five line kinds, and its mode field.
 struct PropertyFamily {
     int firstKind;
     int ProgramState::*mode;
-    void (*place)(ProgramState&);
-    void (*rate)(ProgramState&);
 };
 
 /// In the order in which a round calls them.
 inline constexpr std::array<PropertyFamily, 4> propertyFamilies{{
-    {5, &ProgramState::crossDiagonalMode, d1scross, d2scross},
-    {10, &ProgramState::scatteredCrossDiagonalMode, d1scross2, d2scross2},
-    {15, &ProgramState::crossLineMode, d1scline, d2scline},
-    {20, &ProgramState::scatteredCrossLineMode, d1scline2, d2scline2},
+    {firstKindOf(crossDiagonals), &ProgramState::crossDiagonalMode},
+    {firstKindOf(scatteredCrossDiagonals), &ProgramState::scatteredCrossDiagonalMode},
+    {firstKindOf(crossLines), &ProgramState::crossLineMode},
+    {firstKindOf(scatteredCrossLines), &ProgramState::scatteredCrossLineMode},
 }};
+
+/// Whether the shape of `kind` through `cell` may be used in a property's mode: anywhere in "All", inside the
+/// square in "Only Main".
+bool fitsShape(int mode, int kind, Cell cell, int n);
+
+/// How many blanks lie on the shape of `kind` through the candidate (`anchorRow`, `anchorCol`); nothing where
+/// one of its cells holds the kind's own marker.
+std::optional<int> blanksOnShape(const ProgramState& state, int kind);
+
+/// Tries the five placements of a shape through the candidate, the candidate at the centre first. The first
+/// one that fits, that `accepts` takes, given the kind, and that has no marker of its own kind writes its
+/// marker into `puzzle` and sets `blankPlaced`; where none does, `puzzle` stays. The candidate may be blank
+/// already: a later success overwrites the marker of an earlier one.
+template <class Accepts>
+void placeShape(ProgramState& state, const PropertyFamily& family, Accepts accepts) {
+    const Cell candidate{state.anchorRow, state.anchorCol};
+    for (int kind = family.firstKind; kind < family.firstKind + kindsPerFamily; ++kind) {
+        if (!fitsShape(state.*family.mode, kind, candidate, state.squareSize))
+            continue;
+        state.lineKind = kind;
+        state.blankAccepted = accepts(kind) ? 1 : 0;
+        if (state.blankAccepted == 1 && blanksOnShape(state, kind)) {
+            cellAt(state.puzzle, candidate) = blankMarker(kind);
+            state.blankPlaced = 1;
+            return;
+        }
+    }
+}
+
+/// For each of the same placements through a candidate that is not blank it sets `lineUsable` or
+/// `lineRejected`, and `lineBlankCount` and `bestBlankCount` when the blanks on the placement are at least
+/// the best count so far. Clears none of them.
+void rateShape(ProgramState& state, const PropertyFamily& family);
+
+/// The procedures of one family, on the record alone.
+template <ShapeFamily family>
+void placeByCheck(ProgramState& state) {
+    placeShape(state, propertyFamilies[family], [&state](int) {
+        makeblanks(state);
+        return state.blankAccepted == 1;
+    });
+}
+template <ShapeFamily family>
+void rateFamily(ProgramState& state) {
+    rateShape(state, propertyFamilies[family]);
+}
+
+/// The procedures by their names: `d1...` place and `d2...` rate. The selection of blanks, which keeps a
+/// ledger, asks that instead of `makeblanks`, for the same answer in less time.
+using PropertyProcedure = void (*)(ProgramState&);
+inline constexpr PropertyProcedure d1scross = placeByCheck<crossDiagonals>;
+inline constexpr PropertyProcedure d1scross2 = placeByCheck<scatteredCrossDiagonals>;
+inline constexpr PropertyProcedure d1scline = placeByCheck<crossLines>;
+inline constexpr PropertyProcedure d1scline2 = placeByCheck<scatteredCrossLines>;
+inline constexpr PropertyProcedure d2scross = rateFamily<crossDiagonals>;
+inline constexpr PropertyProcedure d2scross2 = rateFamily<scatteredCrossDiagonals>;
+inline constexpr PropertyProcedure d2scline = rateFamily<crossLines>;
+inline constexpr PropertyProcedure d2scline2 = rateFamily<scatteredCrossLines>;
 
 } // namespace quarvelle

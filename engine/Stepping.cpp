@@ -6,7 +6,7 @@ namespace {
 
 /// Whether the probe walks this kind's cells in an order of its own.
 bool hasProbeOrder(int kind) {
-    return (kind >= 7 && kind <= 9) || (kind >= 12 && kind <= 14);
+    return familyOf(kind) <= scatteredCrossDiagonals && anchorOf(kind) > 1;
 }
 
 } // namespace

@@ -16,7 +16,8 @@ inline Cell stepped(int kind, Cell anchor, Cell cursor, int stepIndex) {
 }
 
 /// Moves the main cursor (`curRow`, `curCol`) by the stepping rule for `lineKind`, the anchor (`anchorRow`,
-/// `anchorCol`) and `stepIndex`. Neither wraps the cursor nor advances `stepIndex`.
+/// `anchorCol`) and `stepIndex`. Neither wraps the cursor nor advances `stepIndex`. The program itself walks
+/// lines with `walkLine`; this and `findline1` are single steps, for whoever keeps a walk in the record.
 void findline2(ProgramState& state);
 
 /// The same for the probe cursor, its anchor and `probeKind`, five-cell kinds only; whole-line kinds leave
