@@ -4,10 +4,10 @@
 #include <functional>
 #include <memory>
 
+#include "engine/BlankSelection.h"
 #include "engine/Construction.h"
 #include "engine/EventQueue.h"
 #include "engine/Random.h"
-#include "engine/BlankSelection.h"
 #include "tests/support/Literal.h"
 
 namespace quarvelle {

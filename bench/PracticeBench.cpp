@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "app/Program.h"
-#include "practice/Titles.h"
 #include "board/BoardPage.h"
+#include "practice/Titles.h"
 #include "ui/MainPage.h"
 #include "widgets/QtEventQueue.h"
 

@@ -1,20 +1,20 @@
 #include "board/AccessibleBoard.h"
 
+#include "board/BoardPage.h"
 #include "engine/LineKinds.h"
 #include "engine/Numbers.h"
-#include "board/BoardPage.h"
 #include "widgets/PictureBox.h"
 
 namespace quarvelle {
 
 namespace {
 
-/// One cell, by its column from the left and its row from the top, from 0.
+/// One cell. Assistive technology counts rows and columns of a table from 0.
 class AccessibleCell final : public QAccessibleInterface,
                              public QAccessibleTableCellInterface,
                              public QAccessibleActionInterface {
 public:
-    AccessibleCell(BoardPage& board, int row, int column) : m_board(board), m_row(row), m_column(column) {}
+    AccessibleCell(BoardPage& board, Place place) : m_board(board), m_place(place) {}
 
     bool isValid() const override { return m_board.hasPuzzle(); }
     QObject* object() const override { return nullptr; }
@@ -30,12 +30,12 @@ public:
     QString text(QAccessible::Text kind) const override {
         if (kind != QAccessible::Name || !isValid())
             return {};
-        const double value = quarvelle::cellAt(m_board.state().puzzle, {m_column + 1, m_row + 1});
+        const double value = quarvelle::cellAt(m_board.state().puzzle, cellOf(m_place));
         return isBlank(value) ? QString("blank") : QString::fromStdString(numberText(value));
     }
 
     QRect rect() const override {
-        const QRect area = m_board.shown(m_board.cellArea(m_column + 1, m_row + 1)).toRect();
+        const QRect area = m_board.shown(m_board.cellArea(m_place)).toRect();
         return {m_board.mapToGlobal(area.topLeft()), area.size()};
     }
 
@@ -55,11 +55,10 @@ public:
     }
 
     bool isSelected() const override {
-        return m_board.hasPuzzle() && m_board.state().selectedRow == m_column + 1 &&
-               m_board.state().selectedColumn == m_row + 1;
+        return m_board.hasPuzzle() && selectedPlace(m_board.state()) == m_place;
     }
-    int rowIndex() const override { return m_row; }
-    int columnIndex() const override { return m_column; }
+    int rowIndex() const override { return m_place.down - 1; }
+    int columnIndex() const override { return m_place.across - 1; }
     int rowExtent() const override { return 1; }
     int columnExtent() const override { return 1; }
     QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
@@ -70,15 +69,14 @@ public:
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
     /// As a click in the middle of the cell.
     void doAction(const QString& name) override {
-        const QPoint middle = m_board.cellArea(m_column + 1, m_row + 1).center();
+        const QPoint middle = m_board.cellArea(m_place).center();
         if (name == pressAction() && isValid())
             emit m_board.pressed(Qt::LeftButton, Qt::NoModifier, middle.x(), middle.y());
     }
 
 private:
     BoardPage& m_board;
-    int m_row;
-    int m_column;
+    Place m_place;
 };
 
 QAccessibleInterface* describe(const QString&, QObject* object) {
@@ -111,11 +109,9 @@ int AccessibleBoard::order() const {
 QString AccessibleBoard::text(QAccessible::Text kind) const {
     if (kind != QAccessible::Name)
         return QAccessibleWidget::text(kind);
-    const QString order = QString::fromStdString(numberText(m_board.state().squareSize));
-    return m_board.hasPuzzle() ? QString("Puzzle of %1 by %1 cells").arg(order)
-           : m_board.drawing().items().empty()
-               ? QString("Empty board")
-               : QString("The squares of %1 by %1 cells on the sheet that is being printed.").arg(order);
+    if (m_board.hasPuzzle())
+        return QString("Puzzle of %1 by %1 cells").arg(m_board.state().squareSize);
+    return m_board.drawing().items().empty() ? "Empty board" : "Sheet being printed";
 }
 
 void* AccessibleBoard::interface_cast(QAccessible::InterfaceType type) {
@@ -143,36 +139,33 @@ int AccessibleBoard::indexOfChild(const QAccessibleInterface* child) const {
 }
 
 QAccessibleInterface* AccessibleBoard::childAt(int x, int y) const {
-    for (int index = 0; index < childCount(); ++index)
-        if (QAccessibleInterface* candidate = child(index); candidate->rect().contains(x, y))
-            return candidate;
-    return nullptr;
+    const std::optional<Place> place =
+        m_board.placeAt(m_board.drawingPixel(m_board.mapFromGlobal(QPoint(x, y))));
+    return place && order() > 0 ? cellAt(place->down - 1, place->across - 1)
+                                : QAccessibleWidget::childAt(x, y);
 }
 
 QAccessibleInterface* AccessibleBoard::focusChild() const {
-    if (!m_board.hasFocus() || order() == 0)
-        return QAccessibleWidget::focusChild();
-    return cellAt(m_board.state().selectedColumn - 1, m_board.state().selectedRow - 1);
+    return m_board.hasFocus() && order() > 0 ? selectedCell() : QAccessibleWidget::focusChild();
 }
 
 QList<QAccessibleInterface*> AccessibleBoard::selectedCells() const {
-    if (order() == 0)
-        return {};
-    return {cellAt(m_board.state().selectedColumn - 1, m_board.state().selectedRow - 1)};
+    return order() > 0 ? QList{selectedCell()} : QList<QAccessibleInterface*>();
+}
+
+QAccessibleInterface* AccessibleBoard::selectedCell() const {
+    const Place place = selectedPlace(m_board.state());
+    return cellAt(place.down - 1, place.across - 1);
 }
 
 QAccessibleInterface* AccessibleBoard::cellAt(int row, int column) const {
     if (row < 0 || column < 0 || row >= order() || column >= order())
         return nullptr;
-    const auto cells = static_cast<std::size_t>(order() * order());
-    if (m_cells.size() != cells) {
-        dropCells();
-        m_cells.resize(cells);
-    }
-    QAccessible::Id& id = m_cells[static_cast<std::size_t>(row * order() + column)];
-    if (id == 0)
-        id = QAccessible::registerAccessibleInterface(new AccessibleCell(m_board, row, column));
-    return QAccessible::accessibleInterface(id);
+    const Place place{column + 1, row + 1};
+    const auto [cell, isNew] = m_cells.try_emplace(place);
+    if (isNew)
+        cell->second = QAccessible::registerAccessibleInterface(new AccessibleCell(m_board, place));
+    return QAccessible::accessibleInterface(cell->second);
 }
 
 void AccessibleBoard::modelChange(QAccessibleTableModelChangeEvent*) {
@@ -180,9 +173,8 @@ void AccessibleBoard::modelChange(QAccessibleTableModelChangeEvent*) {
 }
 
 void AccessibleBoard::dropCells() const {
-    for (const QAccessible::Id id : m_cells)
-        if (id != 0)
-            QAccessible::deleteAccessibleInterface(id);
+    for (const auto& [place, id] : m_cells)
+        QAccessible::deleteAccessibleInterface(id);
     m_cells.clear();
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QAccessibleWidget>
-#include <vector>
+#include <map>
+
+#include "board/Place.h"
 
 namespace quarvelle {
 
@@ -15,7 +17,7 @@ public:
     explicit AccessibleBoard(BoardPage& board);
     ~AccessibleBoard() override;
 
-    /// Makes the toolkit ask this class about boards and describe pictures as such.
+    /// Makes Qt ask this class about boards and describe pictures as such.
     static void install();
 
     QString text(QAccessible::Text kind) const override;
@@ -50,10 +52,11 @@ public:
 
 private:
     int order() const;
+    QAccessibleInterface* selectedCell() const;
     void dropCells() const;
 
     BoardPage& m_board;
-    mutable std::vector<QAccessible::Id> m_cells; ///< row by row; 0 for those that nobody has asked for
+    mutable std::map<Place, QAccessible::Id> m_cells; ///< those that somebody has asked for
 };
 
 } // namespace quarvelle

@@ -7,7 +7,7 @@
 #include "widgets/DrawingSurface.h"
 #include "widgets/Fonts.h"
 #include "widgets/PageScale.h"
-#include "widgets/ShownText.h"
+#include "widgets/PixelGrid.h"
 
 namespace quarvelle {
 
@@ -43,8 +43,10 @@ void AnswerBox::alignText() {
     // The box is a pixel wider than its cell, for its right grid line.
     const double room = place.width() - 2 - inset.x();
     const double natural = QFontMetricsF(boardFont()).horizontalAdvance(text());
-    const double condensed = std::min(board->drawing().condensed(), natural > room ? room / natural : 1);
-    const ShownText shown(*this, boardFont(), condensed);
+    const PixelGrid grid = board->grid();
+    const double condensed =
+        std::min(board->drawing().condensed(TextStyle::number, grid), natural > room ? room / natural : 1);
+    const ShownText shown = grid.text(boardFont(), condensed);
     if (font() != shown.font())
         setFont(shown.font());
     // A line edit keeps insets of its own, and room for the cursor at the end of its text.

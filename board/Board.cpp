@@ -1,8 +1,5 @@
 #include "board/Board.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "board/BoardGeometry.h"
 #include "engine/LineKinds.h"
 #include "engine/Numbers.h"
@@ -12,34 +9,11 @@ namespace quarvelle {
 
 namespace {
 
-/// The part of the square on the board, in cells from 1.
-struct Piece {
-    int firstColumn;
-    int firstRow;
-    int columns;
-    int rows;
-};
-
-Piece shownPiece(const ProgramState& state) {
-    Piece piece{};
-    piece.firstColumn = (state.pageColumn - 1) * state.visibleColumns + 1;
-    piece.firstRow = (state.pageRow - 1) * state.visibleRows + 1;
-    piece.columns = std::min(state.visibleColumns, state.squareSize - piece.firstColumn + 1);
-    piece.rows = std::min(state.visibleRows, state.squareSize - piece.firstRow + 1);
-    return piece;
-}
-
-/// How many parts of at most `part` cells `n` cells make.
-int partsOf(int n, int part) {
-    return (n + part - 1) / part;
-}
-
-void drawGrid(const ProgramState& state, Canvas& canvas, const Piece& piece) {
-    const int left = state.boardLeft;
-    const int top = state.boardTop;
-    const int cellWidth = static_cast<int>(state.cellWidth);
-    const int right = left + cellWidth * piece.columns;
-    const int bottom = top + rowHeight * piece.rows;
+void drawGrid(Canvas& canvas, QPoint corner, int cellWidth, const Piece& piece) {
+    const int left = corner.x();
+    const int top = corner.y();
+    const int right = left + cellWidth * piece.across;
+    const int bottom = top + rowHeight * piece.down;
     canvas.fillRectangle(left, top, right, bottom, Qt::white);
     int x = left;
     int y = top;
@@ -53,31 +27,59 @@ void drawGrid(const ProgramState& state, Canvas& canvas, const Piece& piece) {
     }
 }
 
-/// Cell (`a`, `b`) of the square, drawn with its top-left grid corner at (`cellX`, `cellY`).
-void drawCell(const ProgramState& state, Canvas& canvas, int a, int b, int cellX, int cellY) {
-    const double shown = cellAt(state.puzzle, {a, b});
-    const int x = cellX + textInset.x();
-    const int y = cellY + textInset.y();
-    if (state.highlightAnswers == 1 && isBlank(shown) && state.showAnswers == 1 &&
-        state.puzzleMode != PuzzleMode::answers)
-        canvas.fillRectangle(x - 1, y - 2, x + static_cast<int>(state.cellWidth) - 3, y + 14,
+/// A cell with its top-left grid corner at `corner`.
+void drawCell(Canvas& canvas, QPoint corner, const SquareShown& shown, Cell cell, View view) {
+    const double number = cellAt(shown.puzzle, cell);
+    const QPoint text = corner + textInset;
+    if (view == View::shadedAnswers && isBlank(number))
+        canvas.fillRectangle(text.x() - 1, text.y() - 2, text.x() + shown.cellWidth - 3, text.y() + 14,
                              QColor(192, 192, 192));
-    if (state.showAnswers != 1 && isBlank(shown))
+    if (view == View::puzzle && isBlank(number))
         return;
-    const double value = state.showAnswers == 1 ? cellAt(state.square, {a, b}) : shown;
-    drawNumber(state, canvas, cellX, x + signRoom(state, shown), y, value);
+    const QPoint inset(number >= 0 ? shown.signRoom : 0, 0);
+    drawNumber(canvas, text + inset, view == View::puzzle ? number : cellAt(shown.square, cell), corner.x(),
+               shown.cellWidth);
+}
+
+View viewOf(const ProgramState& state) {
+    if (state.showAnswers != 1)
+        return View::puzzle;
+    return state.highlightAnswers == 1 && state.puzzleMode != PuzzleMode::answers ? View::shadedAnswers
+                                                                                  : View::answers;
 }
 
 } // namespace
 
+SquareShown shownSquare(const ProgramState& state) {
+    return {state.puzzle, state.square, static_cast<int>(state.cellWidth), signRoom(state, 0)};
+}
+
+void drawBoard(Canvas& canvas, QPoint corner, const SquareShown& shown, const Piece& piece, View view) {
+    drawGrid(canvas, corner, shown.cellWidth, piece);
+    for (int down = 0; down < piece.down; ++down)
+        for (int across = 0; across < piece.across; ++across)
+            drawCell(canvas, corner + QPoint(across * shown.cellWidth, down * rowHeight), shown,
+                     cellOf({piece.first.across + across, piece.first.down + down}), view);
+}
+
+void drawPieceLabel(Canvas& canvas, QPoint corner, int cellWidth, const Pieces& pieces, Place piece) {
+    canvas.drawText(corner.x() + pieceLabelInset(cellWidth, pieces), corner.y(),
+                    QString::fromStdString(numberText(piece.across) + ',' + numberText(piece.down)), {});
+}
+
+int pieceLabelInset(int cellWidth, const Pieces& pieces) {
+    constexpr int gap = 6;
+    return cellWidth * pieces.cellsAcross() + gap;
+}
+
+void drawNumber(Canvas& canvas, QPoint point, double value, int cellLeft, int cellWidth) {
+    canvas.drawText(point.x(), point.y(), QString::fromStdString(numberText(value)),
+                    cellLeft + cellWidth - 1 - point.x());
+}
+
 int signRoom(const ProgramState& state, double value) {
     const int n = state.squareSize;
     return value >= 0 && hasNegativeNumbers(n, state.startNumber, state.distance) ? 3 : 0;
-}
-
-void drawNumber(const ProgramState& state, Canvas& canvas, int cellX, int x, int y, double value) {
-    const double room = cellX + state.cellWidth - 1 - x;
-    canvas.drawText(x, y, QString::fromStdString(numberText(value)), room);
 }
 
 void resetPosition(ProgramState& state) {
@@ -85,35 +87,14 @@ void resetPosition(ProgramState& state) {
     state.pageColumn = state.pageRow = 1;
 }
 
-bool isInPieces(const ProgramState& state) {
-    return state.visibleColumns < state.squareSize || state.visibleRows < state.squareSize;
-}
-
-int piecesAcross(const ProgramState& state) {
-    return partsOf(state.squareSize, state.visibleColumns);
-}
-
-int piecesDown(const ProgramState& state) {
-    return partsOf(state.squareSize, state.visibleRows);
-}
-
-int pieceLabelLeft(const ProgramState& state) {
-    return 14 + static_cast<int>(state.cellWidth) * state.visibleColumns;
-}
-
 void showsquare(const ProgramState& state, Canvas& canvas) {
-    const Piece piece = shownPiece(state);
-    if (isInPieces(state))
-        canvas.drawText(
-            pieceLabelLeft(state), state.boardTop,
-            QString::fromStdString(numberText(state.pageColumn) + ',' + numberText(state.pageRow)),
-            std::numeric_limits<double>::infinity());
-    drawGrid(state, canvas, piece);
-    const int cellWidth = static_cast<int>(state.cellWidth);
-    for (int b = 0; b < piece.rows; ++b)
-        for (int a = 0; a < piece.columns; ++a)
-            drawCell(state, canvas, piece.firstColumn + a, piece.firstRow + b,
-                     state.boardLeft + a * cellWidth, state.boardTop + b * rowHeight);
+    const Pieces pieces(state);
+    const Place piece{state.pageColumn, state.pageRow};
+    const QPoint corner(state.boardLeft, state.boardTop);
+    const SquareShown shown = shownSquare(state);
+    if (pieces.count() > 1)
+        drawPieceLabel(canvas, corner, shown.cellWidth, pieces, piece);
+    drawBoard(canvas, corner, shown, pieces.at(piece), viewOf(state));
 }
 
 } // namespace quarvelle

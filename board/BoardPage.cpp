@@ -68,10 +68,19 @@ void BoardPage::focusInEvent(QFocusEvent* event) {
     tellFocus();
 }
 
-QRect BoardPage::cellArea(int column, int row) const {
+QRect BoardPage::cellArea(Place place) const {
     const int cellWidth = static_cast<int>(m_state.cellWidth);
-    return {m_state.boardLeft + (column - 1) * cellWidth, m_state.boardTop + (row - 1) * rowHeight,
-            cellWidth + 1, rowHeight + 1};
+    return {m_state.boardLeft + (place.across - 1) * cellWidth,
+            m_state.boardTop + (place.down - 1) * rowHeight, cellWidth + 1, rowHeight + 1};
+}
+
+std::optional<Place> BoardPage::placeAt(QPoint pixel) const {
+    const QPoint inside = pixel - QPoint(m_state.boardLeft, m_state.boardTop);
+    const int cellWidth = static_cast<int>(m_state.cellWidth);
+    const int n = m_state.squareSize;
+    if (!QRect(0, 0, n * cellWidth, n * rowHeight).contains(inside))
+        return {};
+    return Place{inside.x() / cellWidth + 1, inside.y() / rowHeight + 1};
 }
 
 void BoardPage::fitAnswerBox(int cellWidth, const QStringList& numbers, const AnswerBox::Insets& insets) {
@@ -83,11 +92,12 @@ void BoardPage::fitAnswerBox(int cellWidth, const QStringList& numbers, const An
     m_controls.Text6->setInsets(insets);
 }
 
-void BoardPage::openAnswerBox(int left, int top) {
+void BoardPage::openAnswerBox() {
+    const Place place = selectedPlace(m_state);
     answerBox().clear();
-    answerBox().setAccessibleName(
-        QString("Row %1, column %2").arg(m_state.selectedColumn).arg(m_state.selectedRow));
-    PageScale::setPlace(answerBox(), {QPoint(left, top), PageScale::placeOf(answerBox()).size()});
+    answerBox().setAccessibleName(QString("Row %1, column %2").arg(place.down).arg(place.across));
+    PageScale::setPlace(answerBox(), {QPoint(m_state.selectedCellX, m_state.selectedCellY),
+                                      PageScale::placeOf(answerBox()).size()});
     answerBox().setEnabled(true);
     answerBox().show();
     answerBox().setFocus();
@@ -109,7 +119,7 @@ void BoardPage::paintAbove(QPainter& painter) {
         grid.fill(painter, cell, answerBox().palette().color(QPalette::Window));
     } else if (hasPuzzle()) {
         constexpr int thickness = 2;
-        const QRect inside = cellArea(m_state.selectedRow, m_state.selectedColumn).adjusted(1, 1, -1, -1);
+        const QRect inside = cellArea(selectedPlace(m_state)).adjusted(1, 1, -1, -1);
         const int across = inside.width() - thickness;
         const int down = inside.height() - thickness;
         // Each side has its corners: enlarged, areas keep a little off each other.

@@ -1,8 +1,11 @@
 #pragma once
 
-#include "engine/ProgramState.h"
-#include "widgets/DrawingSurface.h"
+#include <QWidget>
+#include <optional>
+
+#include "board/Place.h"
 #include "ui_BoardPage.h"
+#include "widgets/DrawingSurface.h"
 
 namespace quarvelle {
 
@@ -27,14 +30,15 @@ public:
     void takeKeyboard();
     /// The selection has moved.
     void markSelectedCell();
-    /// The cell in `column` from the left and `row` from the top, both from 1, grid lines included, in the
-    /// drawing's pixels.
-    QRect cellArea(int column, int row) const;
+    /// What a cell covers, grid lines included, in the drawing's pixels.
+    QRect cellArea(Place place) const;
+    /// The cell at a pixel of the drawing, if there is one; a grid line belongs to the cell that follows it.
+    std::optional<Place> placeAt(QPoint pixel) const;
 
     /// Sizes the box for a cell, in pixels at 100 %, and lets it take each of `numbers` whole.
     void fitAnswerBox(int cellWidth, const QStringList& numbers, const AnswerBox::Insets& insets);
-    /// Empties the box, moves it to a cell's corner and gives it the keyboard.
-    void openAnswerBox(int left, int top);
+    /// Empties the box, moves it onto the selected cell and gives it the keyboard.
+    void openAnswerBox();
     void closeAnswerBox();
 
     /// Says `news` to whoever listens with a screen reader: a notification, which is spoken whatever has the

@@ -1,13 +1,12 @@
 #include "practice/AnswerEntry.h"
 
-#include "board/BoardGeometry.h"
+#include "board/Board.h"
+#include "board/BoardPage.h"
 #include "engine/LineKinds.h"
 #include "engine/Numbers.h"
-#include "board/Board.h"
 #include "practice/Titles.h"
-#include "board/BoardPage.h"
-#include "widgets/KeyCodes.h"
 #include "ui/MainWindow.h"
+#include "widgets/KeyCodes.h"
 
 namespace quarvelle {
 
@@ -17,36 +16,22 @@ namespace {
 /// grid line and stand in line with the numbers printed above and below.
 constexpr int signPlace = 3;
 
-/// Which cell from 1 to `n` a coordinate lies in; 0 for none. A grid line belongs to the cell that follows
-/// it.
-int cellOf(int coordinate, int origin, int cellSize, int n) {
-    if (coordinate < origin || coordinate >= origin + n * cellSize)
-        return 0;
-    return (coordinate - origin) / cellSize + 1;
-}
-
 } // namespace
 
 AnswerEntry::AnswerEntry(MainWindow& window) : QObject(&window), m_window(window), m_selection(window) {
     connect(&window.boardPage(), &DrawingSurface::pressed, this, &AnswerEntry::Form_MouseDown);
-    connect(&window.boardPage().answerBox(), &EntryBox::keyPressed, this,
-            [this](int keyCode) { Text6_KeyDown(keyCode, 0); });
 }
 
 void AnswerEntry::Form_MouseDown(int, int, int x, int y) {
-    ProgramState& state = m_window.state();
-    if (state.practising != 1)
+    if (m_window.state().practising != 1)
         return;
-    const int cellWidth = static_cast<int>(state.cellWidth);
-    const int row = cellOf(x, state.boardLeft, cellWidth, state.squareSize);
-    const int column = cellOf(y, state.boardTop, rowHeight, state.squareSize);
-    if (row == 0 || column == 0)
+    const std::optional<Place> place = m_window.boardPage().placeAt({x, y});
+    if (!place)
         return;
-    const Cell cell{row, column};
-    const bool boxIsHere = cell == m_selection.cell() && m_window.boardPage().answerBox().isVisible();
-    if (boxIsHere || !m_selection.mayAnswer() || !m_selection.isBlank(cell))
+    const bool boxIsHere = *place == m_selection.place() && m_window.boardPage().answerBox().isVisible();
+    if (boxIsHere || !m_selection.mayAnswer() || !m_selection.isBlank(*place))
         return;
-    m_selection.moveTo(cell);
+    m_selection.moveTo(*place);
     m_selection.openBox();
 }
 
@@ -61,8 +46,7 @@ void AnswerEntry::Text6_KeyDown(int keyCode, int) {
 }
 
 bool AnswerEntry::isRight(double entry) const {
-    const ProgramState& state = m_window.state();
-    const double answer = cellAt(state.square, {state.selectedRow, state.selectedColumn});
+    const double answer = cellAt(m_window.state().square, cellOf(m_selection.place()));
     // A number that needs more digits than a text has isn't the one that its text reads as.
     return numberText(entry) == numberText(answer);
 }
@@ -81,11 +65,12 @@ void AnswerEntry::takeWrongAnswer(double entry) {
 
 void AnswerEntry::takeRightAnswer() {
     ProgramState& state = m_window.state();
-    const double answer = cellAt(state.square, {state.selectedRow, state.selectedColumn});
-    cellAt(state.puzzle, {state.selectedRow, state.selectedColumn}) = answer;
-    drawNumber(state, m_window.boardPage(), state.selectedCellX,
-               state.selectedCellX - 1 + signPlace + signRoom(state, answer), state.selectedCellY + 3,
-               answer);
+    const Cell cell = cellOf(m_selection.place());
+    const double answer = cellAt(state.square, cell);
+    cellAt(state.puzzle, cell) = answer;
+    const QPoint corner(state.selectedCellX, state.selectedCellY);
+    const QPoint inset(signPlace - 1 + signRoom(state, answer), textInset.y());
+    drawNumber(m_window.boardPage(), corner + inset, answer, corner.x(), static_cast<int>(state.cellWidth));
     m_selection.leaveBox();
     m_window.boardPage().tellCellChanged();
     ++state.numbersCorrect;

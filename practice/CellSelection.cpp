@@ -1,8 +1,7 @@
 #include "practice/CellSelection.h"
 
-#include "board/BoardGeometry.h"
-#include "engine/LineKinds.h"
 #include "board/BoardPage.h"
+#include "engine/LineKinds.h"
 #include "ui/MainWindow.h"
 
 namespace quarvelle {
@@ -12,43 +11,43 @@ bool CellSelection::mayAnswer() const {
     return state.practising == 1 && state.stopRequested == Request::playing && state.answering == 1;
 }
 
-bool CellSelection::isBlank(Cell cell) const {
-    return quarvelle::isBlank(cellAt(m_window.state().puzzle, cell));
+bool CellSelection::isBlank(Place place) const {
+    return quarvelle::isBlank(cellAt(m_window.state().puzzle, cellOf(place)));
 }
 
-Cell CellSelection::cell() const {
-    return {m_window.state().selectedRow, m_window.state().selectedColumn};
+Place CellSelection::place() const {
+    return selectedPlace(m_window.state());
 }
 
-Cell CellSelection::neighbour(Cell from, Step step) const {
-    return wrapped(from + step, m_window.state().squareSize);
+Place CellSelection::neighbour(Place from, Way way) const {
+    const int n = m_window.state().squareSize;
+    return {wrapped(from.across + way.across, n), wrapped(from.down + way.down, n)};
 }
 
-Cell CellSelection::blankTowards(Cell from, Step step) const {
-    Cell found = from;
+Place CellSelection::blankTowards(Place from, Way way) const {
+    Place found = from;
     do
-        found = neighbour(found, step);
+        found = neighbour(found, way);
     while (found != from && !isBlank(found));
     return found;
 }
 
-Cell CellSelection::blankInReadingOrder(Cell from, int step) const {
-    // The first index runs across the screen.
+Place CellSelection::blankInReadingOrder(Place from, int step) const {
     const int n = m_window.state().squareSize;
-    Cell found = from;
+    Place found = from;
     do {
-        const int place = ((found.column - 1) * n + found.row - 1 + step + n * n) % (n * n);
-        found = {place % n + 1, place / n + 1};
+        const int index = ((found.down - 1) * n + found.across - 1 + step + n * n) % (n * n);
+        found = {index % n + 1, index / n + 1};
     } while (found != from && !isBlank(found));
     return found;
 }
 
-Cell CellSelection::firstBlank() const {
+Place CellSelection::firstBlank() const {
     const int n = m_window.state().squareSize;
     return blankInReadingOrder({n, n}, 1);
 }
 
-Cell CellSelection::lastBlank() const {
+Place CellSelection::lastBlank() const {
     return blankInReadingOrder({1, 1}, -1);
 }
 
@@ -58,21 +57,21 @@ void CellSelection::start() {
     m_window.boardPage().takeKeyboard();
 }
 
-void CellSelection::moveTo(Cell cell) {
+void CellSelection::moveTo(Place place) {
     ProgramState& state = m_window.state();
+    BoardPage& board = m_window.boardPage();
+    const Cell cell = cellOf(place);
     state.selectedRow = cell.row;
     state.selectedColumn = cell.column;
-    state.selectedCellX = state.boardLeft + (cell.row - 1) * static_cast<int>(state.cellWidth);
-    state.selectedCellY = state.boardTop + (cell.column - 1) * rowHeight;
-    BoardPage& board = m_window.boardPage();
-    const QRect area = board.shown(board.cellArea(cell.row, cell.column)).toRect();
-    const QPoint middle = board.mapTo(m_window.menus().pages, area.center());
-    m_window.menus().client->ensureVisible(middle.x(), middle.y(), area.width(), area.height());
+    const QRect area = board.cellArea(place);
+    state.selectedCellX = area.left();
+    state.selectedCellY = area.top();
+    m_window.scrollTo(board, board.shown(area).toRect());
     board.markSelectedCell();
 }
 
 void CellSelection::openBox() {
-    m_window.boardPage().openAnswerBox(m_window.state().selectedCellX, m_window.state().selectedCellY);
+    m_window.boardPage().openAnswerBox();
 }
 
 void CellSelection::leaveBox() {

@@ -1,10 +1,16 @@
 #pragma once
 
-#include "engine/Cells.h"
+#include "board/Place.h"
 
 namespace quarvelle {
 
 class MainWindow;
+
+/// A way across the board and down it, in cells.
+struct Way {
+    int across = 0;
+    int down = 0;
+};
 
 /// The selected cell of the puzzle on the board, which clicks and keys share, and the answer box on it. What
 /// is selected stands in the window's state; every object of this class sees and moves the same selection.
@@ -16,24 +22,24 @@ public:
     /// Whether a puzzle is on the board to be answered: not while it is being made, nor once play has
     /// stopped.
     bool mayAnswer() const;
-    bool isBlank(Cell cell) const;
-    Cell cell() const;
+    bool isBlank(Place place) const;
+    Place place() const;
 
-    /// A cell on, around the edges; `step` is at most the order.
-    Cell neighbour(Cell from, Step step) const;
-    /// The first blank from a cell on in steps of `step`, around the edges; the cell itself where there is
-    /// no other.
-    Cell blankTowards(Cell from, Step step) const;
+    /// The cell that lies `way` on, around the edges; `way` is at most the order.
+    Place neighbour(Place from, Way way) const;
+    /// The first blank from a cell on in steps of `way`, around the edges; the cell itself where there is no
+    /// other.
+    Place blankTowards(Place from, Way way) const;
     /// The blank that comes next as the screen is read, around the ends, or with `step` -1 the one before;
     /// the cell itself where there is no other.
-    Cell blankInReadingOrder(Cell from, int step) const;
-    Cell firstBlank() const;
-    Cell lastBlank() const;
+    Place blankInReadingOrder(Place from, int step) const;
+    Place firstBlank() const;
+    Place lastBlank() const;
 
     /// For a board that has just been drawn: selects the first blank and gives the keyboard to the board.
     void start();
-    /// Selects a cell from (1, 1) to (n, n), marks it and scrolls there.
-    void moveTo(Cell cell);
+    /// Selects a cell of the square, marks it and scrolls there.
+    void moveTo(Place place);
     /// Opens the answer box, empty, on the selected cell, which is blank.
     void openBox();
     /// Closes the answer box with whatever was typed into it; the board has the keyboard then.

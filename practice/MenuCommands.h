@@ -6,8 +6,7 @@ namespace quarvelle {
 
 class MainWindow;
 
-/// The menu commands that steer practice and printing. Each only sets a value that the run in progress, or
-/// the next one, reads.
+/// The menu commands that steer a run of practice. Each only sets values that the run reads.
 class MenuCommands : public QObject {
     Q_OBJECT
 
@@ -18,7 +17,6 @@ public:
     void newsquare_Click();
     void startover_Click();
     void qplaying_Click();
-    void aprinting_Click();
 
 private:
     MainWindow& m_window;

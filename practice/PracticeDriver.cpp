@@ -1,31 +1,33 @@
 #include "practice/PracticeDriver.h"
 
+#include "board/Board.h"
 #include "board/BoardGeometry.h"
+#include "board/BoardPage.h"
+#include "engine/BlankSelection.h"
 #include "engine/Construction.h"
 #include "engine/EventQueue.h"
 #include "engine/LineKinds.h"
 #include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
-#include "engine/BlankSelection.h"
-#include "board/Board.h"
+#include "engine/StartNumber.h"
 #include "practice/CellSelection.h"
-#include "ui/RunSettings.h"
 #include "practice/Titles.h"
-#include "board/BoardPage.h"
 #include "ui/MainPage.h"
 #include "ui/MainWindow.h"
 #include "ui/Pages.h"
 #include "ui/PropertiesPage.h"
+#include "ui/RunSettings.h"
 
 namespace quarvelle {
 
 namespace {
 
 QStringList textsOfNumbers(const ProgramState& state) {
+    const int n = state.squareSize;
     QStringList texts;
-    for (int row = 1; row <= state.squareSize; ++row)
-        for (int column = 1; column <= state.squareSize; ++column)
-            texts << QString::fromStdString(numberText(cellAt(state.square, {row, column})));
+    for (int down = 1; down <= n; ++down)
+        for (int across = 1; across <= n; ++across)
+            texts << QString::fromStdString(numberText(cellAt(state.square, cellOf({across, down}))));
     return texts;
 }
 
@@ -48,20 +50,15 @@ void PracticeDriver::Command4_Click() {
 
 void PracticeDriver::openRun() {
     ProgramState& state = m_window.state();
-    MainPage& page = m_window.mainPage();
     m_solved = false;
-    m_window.propertiesPage().readPairs();
-    tidyRandomStarts(page);
     state.practising = 1;
     state.savedPuzzleMode = state.puzzleMode;
     state.puzzleMode = PuzzleMode::puzzles;
     state.numbersCorrect = state.numbersIncorrect = state.squaresSolved = 0;
-    readNumbers(state, page);
+    readRunSettings(state, m_window.mainPage(), m_window.propertiesPage());
     state.stopRequested = Request::none;
     m_window.boardPage().clear();
-    measureBoard(state);
-    readCounts(state, page);
-    Pages::show(m_window, Page::board);
+    m_window.pages().show(Page::board);
     m_window.present();
     resetPosition(state);
     state.baseStart = state.startNumber;
@@ -81,10 +78,8 @@ bool PracticeDriver::playSquare() {
 /// Builds the next square and chooses its blanks. Returns false when stopped.
 bool PracticeDriver::makePuzzle() {
     ProgramState& state = m_window.state();
-    if (m_window.mainPage().controls().Check1->isChecked())
-        drawStartNumber(state, m_window.mainPage(), m_random);
+    drawStartNumber(state, m_random);
     m_window.showTitle(constructionTitle(state));
-    state.curRow = state.curCol = 1;
     buildCompleteSquare(state, m_random, m_events);
     if (state.stopRequested == Request::stop)
         return false;
@@ -145,7 +140,7 @@ void PracticeDriver::closeRun() {
     resetPosition(state);
     m_window.boardPage().clear();
     m_window.setWindowTitle("Quarvelle");
-    Pages::returnToMain(m_window);
+    m_window.pages().returnToMain();
     m_window.mainPage().focusPractice();
 }
 

@@ -1,28 +1,31 @@
 #include "print/Batch.h"
 
-#include "board/BoardGeometry.h"
+#include <QAction>
+
+#include "board/Board.h"
+#include "board/BoardPage.h"
+#include "engine/BlankSelection.h"
 #include "engine/Construction.h"
 #include "engine/EventQueue.h"
 #include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
-#include "engine/BlankSelection.h"
-#include "board/Board.h"
-#include "ui/RunSettings.h"
+#include "engine/StartNumber.h"
 #include "print/BatchTexts.h"
 #include "print/Printer.h"
 #include "print/Sheets.h"
-#include "board/BoardPage.h"
-#include "widgets/FootLine.h"
 #include "ui/MainPage.h"
 #include "ui/MainWindow.h"
 #include "ui/Pages.h"
 #include "ui/PropertiesPage.h"
+#include "ui/RunSettings.h"
+#include "widgets/FootLine.h"
 
 namespace quarvelle {
 
 Batch::Batch(MainWindow& window, RandomSource& random, EventQueue& events, Printer& printer)
     : QObject(&window), m_window(window), m_random(random), m_events(events), m_printer(printer) {
     connect(window.mainPage().controls().Command1, &QPushButton::clicked, this, &Batch::Command1_Click);
+    connect(&window.command("aprinting"), &QAction::triggered, this, &Batch::aprinting_Click);
 }
 
 void Batch::Command1_Click() {
@@ -51,23 +54,21 @@ void Batch::Command1_Click() {
 
 void Batch::mainsub1() {
     ProgramState& state = m_window.state();
-    MainPage& page = m_window.mainPage();
     state.practising = 0;
-    // Asked of the boxes again as in practice: the shapes of 5 by 5 squares take no part in other sizes.
-    m_window.propertiesPage().readPairs();
-    tidyRandomStarts(page);
-    readNumbers(state, page);
-    measureBoard(state);
-    readCounts(state, page);
+    readRunSettings(state, m_window.mainPage(), m_window.propertiesPage());
     state.squaresSolved = 0;
     // A stop key pressed earlier was not meant for this batch.
     state.stopRequested = Request::none;
     m_window.boardPage().clear();
     m_window.setWindowTitle(QString::fromStdString(batchTitle(state)));
-    Pages::show(m_window, Page::board);
+    m_window.pages().show(Page::board);
     m_window.present();
     resetPosition(state);
     state.baseStart = state.startNumber;
+}
+
+void Batch::aprinting_Click() {
+    m_window.state().stopRequested = Request::stop;
 }
 
 Batch::Outcome Batch::print() {
@@ -105,9 +106,7 @@ QString Batch::printSquares(Sheets& sheets) {
 /// Returns false when stopped.
 bool Batch::makeSquare() {
     ProgramState& state = m_window.state();
-    if (m_window.mainPage().controls().Check1->isChecked())
-        drawStartNumber(state, m_window.mainPage(), m_random);
-    state.curRow = state.curCol = 1;
+    drawStartNumber(state, m_random);
     buildCompleteSquare(state, m_random, m_events);
     if (state.stopRequested == Request::stop)
         return false;
@@ -128,7 +127,7 @@ void Batch::closeBatch() {
     resetPosition(state);
     m_window.boardPage().clear();
     m_window.setWindowTitle("Quarvelle");
-    Pages::returnToMain(m_window);
+    m_window.pages().returnToMain();
     m_window.mainPage().controls().Command1->setFocus();
 }
 

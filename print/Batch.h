@@ -25,6 +25,8 @@ public:
     void Command1_Click();
     /// Prepares a batch: tidies and reads the settings, measures the board and puts the main page away.
     void mainsub1();
+    /// "Abort printing".
+    void aprinting_Click();
 
 private:
     struct Outcome {

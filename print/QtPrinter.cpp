@@ -7,8 +7,8 @@
 #include <QPrinter>
 
 #include "print/PdfFileJob.h"
+#include "print/PrintQueue.h"
 #include "print/QueueJob.h"
-#include "print/QueueOptions.h"
 
 namespace quarvelle {
 
@@ -30,11 +30,11 @@ std::unique_ptr<QPrinter> printerFor(const QString& documentName) {
 }
 
 /// The order without its job, as the person left the dialog.
-PrintOrder orderFor(const QPrinter& printer) {
+PrintOrder orderFor(QPrinter& printer) {
     PrintOrder order;
     order.paper = printer.pageLayout().paintRect(QPageLayout::Millimeter).size();
     order.date = QDate::currentDate();
-    if (printer.printRange() == QPrinter::PageRange && !queuePicksSheets(printer)) {
+    if (printer.printRange() == QPrinter::PageRange && !PrintQueue(printer).picksSheets()) {
         order.firstSheet = printer.fromPage();
         order.lastSheet = printer.toPage();
     }
@@ -65,7 +65,7 @@ PrintOrder QtPrinter::choose(const QString& documentName, int sheets) {
             std::make_unique<PdfFileJob>(printer->outputFileName(), printer->pageLayout(), documentName);
     } else {
         if (backwards)
-            askQueueForReverse(*printer);
+            PrintQueue(*printer).reverse();
         order.destination = "sent to " + printer->printerName();
         order.job = std::make_unique<QueueJob>(std::move(printer));
     }

@@ -2,27 +2,11 @@
 
 #include <QDir>
 #include <QPrinterInfo>
-#include <filesystem>
 
-#include "print/QueueReply.h"
+#include "print/PrintQueue.h"
 #include "print/SheetPainter.h"
 
 namespace quarvelle {
-
-namespace {
-
-/// The job gathers in the folder for temporary files, where the toolkit doesn't notice a full disk. This many
-/// bytes, far more than a sheet and the end of a document take, are left there.
-constexpr std::uintmax_t roomKept = std::uintmax_t{4} << 20;
-
-/// Where the room can't be told, there may well be enough.
-bool hasRoom() {
-    std::error_code error;
-    const auto space = std::filesystem::space(QDir::tempPath().toStdString(), error);
-    return error || space.available >= roomKept;
-}
-
-} // namespace
 
 QueueJob::QueueJob(std::unique_ptr<QPrinter> printer) : m_printer(std::move(printer)) {}
 
@@ -35,11 +19,11 @@ QString QueueJob::begin() {
 }
 
 QString QueueJob::print(const Sheet& sheet) {
-    if (!hasRoom())
+    if (!PrintQueue(*m_printer).hasRoom())
         return failure("No space left in " + QDir::tempPath());
     const bool ready = m_painter.isActive() ? m_printer->newPage() : m_painter.begin(m_printer.get());
     if (!ready)
-        return failure("It can't be printed on");
+        return QString("The printer %1 could not be opened.").arg(m_printer->printerName());
     paintSheet(m_painter, sheet);
     return {};
 }
@@ -49,7 +33,7 @@ QString QueueJob::finish() {
         return {};
     if (!m_painter.end())
         return failure("The job could not be ended");
-    const QString refusal = lastQueueRefusal();
+    const QString refusal = PrintQueue(*m_printer).refusal();
     return refusal.isEmpty() ? QString() : failure(refusal);
 }
 

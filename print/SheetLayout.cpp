@@ -5,9 +5,9 @@
 #include <cmath>
 #include <tuple>
 
+#include "board/Board.h"
 #include "board/BoardGeometry.h"
 #include "engine/ProgramState.h"
-#include "board/Board.h"
 #include "widgets/Fonts.h"
 
 namespace quarvelle {
@@ -42,18 +42,18 @@ double scaleToFit(const QRect& area, QSizeF room) {
 }
 
 /// Right edge of the label with the most digits.
-int labelRight(const ProgramState& state) {
-    const QString label = QString("%1,%2").arg(piecesAcross(state)).arg(piecesDown(state));
-    return pieceLabelLeft(state) +
+int labelRight(int cellWidth, const Pieces& pieces) {
+    const QString label = QString("%1,%2").arg(pieces.across()).arg(pieces.down());
+    return margin + pieceLabelInset(cellWidth, pieces) +
            static_cast<int>(std::ceil(QFontMetricsF(boardFont()).horizontalAdvance(label)));
 }
 
 } // namespace
 
 SheetLayout::SheetLayout(const ProgramState& state, int squares, QSizeF room) : m_board(boardSize(state)) {
-    if (isInPieces(state)) {
+    if (const Pieces pieces(state); pieces.count() > 1) {
         m_content = QRect(place(0), m_board);
-        m_content.setRight(labelRight(state));
+        m_content.setRight(labelRight(static_cast<int>(state.cellWidth), pieces));
         m_scale = scaleToFit(surface(state) | m_content, room);
         return;
     }
@@ -71,7 +71,7 @@ SheetLayout::SheetLayout(const ProgramState& state, int squares, QSizeF room) : 
 }
 
 int SheetLayout::squaresThatFit(const ProgramState& state) {
-    if (isInPieces(state))
+    if (Pieces(state).count() > 1)
         return 1;
     const QSize board = boardSize(state);
     return boardsThatFit(board.width(), surface(state).width()) *

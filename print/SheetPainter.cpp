@@ -7,6 +7,7 @@
 
 #include "print/Printer.h"
 #include "widgets/Drawing.h"
+#include "widgets/DrawingGrid.h"
 #include "widgets/Fonts.h"
 
 namespace quarvelle {
@@ -46,7 +47,7 @@ void paintSheet(QPainter& painter, const Sheet& sheet) {
     painter.translate(paper.adjusted(0, 0, 0, -captionRoom * millimeter).center());
     painter.scale(sheet.scale * millimeter, sheet.scale * millimeter);
     painter.translate(-QRectF(sheet.content).center());
-    sheet.drawing.replay(painter);
+    sheet.drawing.replay(painter, PaperGrid(*painter.device()));
     painter.restore();
     paintCaption(painter, paper, sheet.caption, inch / 72);
 }

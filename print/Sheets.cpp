@@ -4,25 +4,20 @@
 #include <cmath>
 #include <limits>
 
+#include "board/Board.h"
+#include "board/BoardPage.h"
 #include "engine/EventQueue.h"
 #include "engine/ProgramState.h"
-#include "board/Board.h"
 #include "print/BatchTexts.h"
 #include "print/SheetPainter.h"
-#include "board/BoardPage.h"
-#include "widgets/FootLine.h"
-#include "ui/MainPage.h"
 #include "ui/MainWindow.h"
+#include "widgets/FootLine.h"
 
 namespace quarvelle {
 
 namespace {
 
 constexpr int largestInt = std::numeric_limits<int>::max();
-
-int piecesOf(const ProgramState& state) {
-    return piecesAcross(state) * piecesDown(state);
-}
 
 int viewsOf(const ProgramState& state) {
     return state.puzzleMode == PuzzleMode::both ? 2 : 1;
@@ -31,7 +26,7 @@ int viewsOf(const ProgramState& state) {
 } // namespace
 
 SheetPlan Sheets::planFor(const ProgramState& state) {
-    const int sheetsOfBundle = piecesOf(state) * viewsOf(state);
+    const int sheetsOfBundle = Pieces(state).count() * viewsOf(state);
     // So many that their sheets can be counted, even if each square has its own.
     const int mostSquares = largestInt / sheetsOfBundle;
     const auto squares = static_cast<int>(std::min<double>(std::ceil(state.printCount), mostSquares));
@@ -39,8 +34,8 @@ SheetPlan Sheets::planFor(const ProgramState& state) {
 }
 
 Sheets::Sheets(MainWindow& window, const SheetPlan& plan, const PrintOrder& order, EventQueue& events)
-    : m_window(window), m_state(window.state()), m_plan(plan), m_order(order), m_events(events),
-      m_layout(m_state, plan.mostSquares(), roomAboveCaption(order.paper)),
+    : m_window(window), m_state(window.state()), m_pieces(window.state()), m_plan(plan), m_order(order),
+      m_events(events), m_layout(m_state, plan.mostSquares(), roomAboveCaption(order.paper)),
       m_first(std::max(1, order.firstSheet)), m_last(std::min(order.lastSheet, plan.sheets())),
       m_bundle(plan.bundleOf(order.backwards ? m_last : m_first)),
       m_bundlesLeft(m_first > m_last ? 0 : plan.bundleOf(m_last) - plan.bundleOf(m_first) + 1) {
@@ -58,12 +53,14 @@ std::int64_t Sheets::ordered() const {
 QString Sheets::add() {
     const QString note = squareNote(m_state, m_plan.firstSquareOf(m_bundle) + m_placed);
     QString failure;
-    if (isInPieces(m_state)) {
+    if (m_pieces.count() > 1) {
         failure = addPieces(note);
     } else {
         if (m_placed == 0)
             clear();
-        draw(m_layout.place(m_placed), note);
+        const QPoint corner = m_layout.place(m_placed);
+        writeNote(corner, note);
+        draw(corner, m_pieces.at({1, 1}));
         if (m_placed + 1 == m_plan.squaresOf(m_bundle))
             failure = printSheets(m_plan.firstSheetOf(m_bundle));
     }
@@ -76,18 +73,18 @@ QString Sheets::add() {
 }
 
 QString Sheets::addPieces(const QString& note) {
-    const int across = piecesAcross(m_state);
-    const int pieces = piecesOf(m_state);
+    const int pieces = m_pieces.count();
     QString failure;
     for (int turn = 0; turn < pieces && failure.isEmpty(); ++turn) {
         if (turn > 0 && isStopped())
             break;
-        const int piece = inOrder(turn, pieces);
-        m_state.pageColumn = piece % across + 1;
-        m_state.pageRow = piece / across + 1;
+        const int index = inOrder(turn, pieces);
+        const Place piece{index % m_pieces.across() + 1, index / m_pieces.across() + 1};
+        const QPoint corner = m_layout.place(0);
         clear();
-        draw(m_layout.place(0));
-        failure = printSheets(m_plan.firstSheetOf(m_bundle) + piece * viewsOf(m_state), note);
+        writeLabel(corner, piece);
+        draw(corner, m_pieces.at(piece));
+        failure = printSheets(m_plan.firstSheetOf(m_bundle) + index * viewsOf(m_state), note);
     }
     return failure;
 }
@@ -101,23 +98,35 @@ void Sheets::clear() {
     m_answers.clear();
 }
 
-void Sheets::draw(QPoint place, const QString& note) {
-    const auto drawView = [&](Canvas& canvas, bool answers) {
-        if (!note.isEmpty())
-            canvas.drawNote(place.x(), m_layout.noteTop(place.y()), note, m_layout.boardWidth());
-        m_state.showAnswers = answers ? 1 : 0;
-        showsquare(m_state, canvas);
-    };
-    m_state.boardLeft = place.x();
-    m_state.boardTop = place.y();
+std::vector<Canvas*> Sheets::canvases() {
+    std::vector<Canvas*> canvases{&m_window.boardPage()};
     if (m_state.puzzleMode == PuzzleMode::both)
-        drawView(m_answers, true);
-    drawView(m_window.boardPage(), m_state.puzzleMode == PuzzleMode::answers);
+        canvases.push_back(&m_answers);
+    return canvases;
+}
+
+void Sheets::writeNote(QPoint corner, const QString& note) {
+    for (Canvas* canvas : canvases())
+        canvas->drawNote(corner.x(), m_layout.noteTop(corner.y()), note, m_layout.boardWidth());
+}
+
+void Sheets::writeLabel(QPoint corner, Place piece) {
+    for (Canvas* canvas : canvases())
+        drawPieceLabel(*canvas, corner, static_cast<int>(m_state.cellWidth), m_pieces, piece);
+}
+
+void Sheets::draw(QPoint corner, const Piece& piece) {
+    const SquareShown square = shownSquare(m_state);
+    const View first = m_state.puzzleMode == PuzzleMode::answers ? View::answers : View::puzzle;
+    drawBoard(m_window.boardPage(), corner, square, piece, first);
+    if (m_state.puzzleMode == PuzzleMode::both)
+        drawBoard(m_answers, corner, square, piece,
+                  m_state.highlightAnswers == 1 ? View::shadedAnswers : View::answers);
 }
 
 QString Sheets::printSheets(int sheet, const QString& note) {
     const bool squares = m_state.puzzleMode == PuzzleMode::answers;
-    const bool drawsStarts = note.isEmpty() && m_window.mainPage().controls().Check1->isChecked();
+    const bool drawsStarts = note.isEmpty() && m_state.randomStarts;
     const int views = viewsOf(m_state);
     QString failure;
     for (int turn = 0; turn < views && failure.isEmpty(); ++turn) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "board/Pieces.h"
 #include "print/Printer.h"
 #include "print/SheetLayout.h"
 #include "print/SheetPlan.h"
@@ -20,7 +21,7 @@ struct ProgramState;
 /// are done.
 class Sheets {
 public:
-    /// The geometry of the state's board is settled; everything outlives the sheets.
+    /// The geometry of the state's board has been measured; everything outlives the sheets.
     Sheets(MainWindow& window, const SheetPlan& plan, const PrintOrder& order, EventQueue& events);
     ~Sheets();
 
@@ -48,8 +49,12 @@ private:
     QString addPieces(const QString& note);
     int inOrder(int turn, int turns) const;
     void clear();
-    /// With the note below, unless that is empty.
-    void draw(QPoint place, const QString& note = {});
+    /// Draws cells of the state's square, and of its answers where they have sheets of their own.
+    void draw(QPoint corner, const Piece& piece);
+    void writeNote(QPoint corner, const QString& note);
+    void writeLabel(QPoint corner, Place piece);
+    /// What is drawn on.
+    std::vector<Canvas*> canvases();
     /// Prints what was drawn, `sheet` and its answers, as far as they are asked for. A note goes into their
     /// captions.
     QString printSheets(int sheet, const QString& note = {});
@@ -57,7 +62,8 @@ private:
     bool isStopped();
 
     MainWindow& m_window;
-    ProgramState& m_state;
+    const ProgramState& m_state;
+    Pieces m_pieces;
     const SheetPlan& m_plan;
     const PrintOrder& m_order;
     EventQueue& m_events;

@@ -7,21 +7,24 @@
 
 #include "board/AccessibleBoard.h"
 #include "board/BoardPage.h"
-#include "widgets/FootLine.h"
 #include "ui/InformationPage.h"
-#include "widgets/KeyCodes.h"
 #include "ui/MainPage.h"
-#include "widgets/PageScale.h"
+#include "ui/OptionMenus.h"
 #include "ui/Pages.h"
 #include "ui/PropertiesPage.h"
 #include "ui/SizeMenu.h"
+#include "ui_MainWindow.h"
+#include "widgets/FootLine.h"
+#include "widgets/KeyCodes.h"
+#include "widgets/PageScale.h"
 #include "widgets/Zoom.h"
 
 namespace quarvelle {
 
-MainWindow::MainWindow() : m_state(std::make_unique<ProgramState>()) {
+MainWindow::MainWindow()
+    : m_state(std::make_unique<ProgramState>()), m_controls(std::make_unique<Ui::MagicSquare2>()) {
     AccessibleBoard::install();
-    m_menus.setupUi(this);
+    m_controls->setupUi(this);
     m_foot = new FootLine(*this);
     m_mainPage = new MainPage(*m_state);
     m_boardPage = new BoardPage(*m_state);
@@ -30,20 +33,34 @@ MainWindow::MainWindow() : m_state(std::make_unique<ProgramState>()) {
     // In the order of the page numbers.
     for (QWidget* page : {static_cast<QWidget*>(m_mainPage), static_cast<QWidget*>(m_boardPage),
                           static_cast<QWidget*>(m_informationPage), static_cast<QWidget*>(m_propertiesPage)})
-        m_menus.pages->addWidget(page);
-    auto* zoom = new Zoom(*m_menus.client, *new PageScale(*m_menus.pages));
-    connect(m_menus.zoomin, &QAction::triggered, zoom, &Zoom::in);
-    connect(m_menus.zoomout, &QAction::triggered, zoom, &Zoom::out);
-    connect(m_menus.zoomfit, &QAction::triggered, zoom, &Zoom::fit);
+        m_controls->pages->addWidget(page);
+    auto* zoom = new Zoom(*m_controls->client, *new PageScale(*m_controls->pages));
+    connect(m_controls->zoomin, &QAction::triggered, zoom, &Zoom::in);
+    connect(m_controls->zoomout, &QAction::triggered, zoom, &Zoom::out);
+    connect(m_controls->zoomfit, &QAction::triggered, zoom, &Zoom::fit);
     // The size that the window has when it isn't maximised.
     resize(PageScale::wholePage + QSize(0, menuBar()->sizeHint().height()));
-    new SizeMenu(*m_state, m_menus, *m_mainPage, this);
-    new Pages(*this);
-    connect(m_menus.quit, &QAction::triggered, this, &MainWindow::quit_Click);
+    m_sizeMenu = std::make_unique<SizeMenu>(*m_state, *m_controls, *m_mainPage);
+    m_optionMenus = std::make_unique<OptionMenus>(*m_state, *m_controls);
+    m_pages = std::make_unique<Pages>(*m_state, *m_controls, *m_foot, *m_mainPage, *m_informationPage,
+                                      *m_propertiesPage);
+    connect(m_controls->quit, &QAction::triggered, this, &MainWindow::quit_Click);
     qApp->installEventFilter(this);
 }
 
 MainWindow::~MainWindow() = default;
+
+QAction& MainWindow::command(const QString& name) const {
+    auto* action = findChild<QAction*>(name);
+    if (action == nullptr)
+        qFatal("There is no menu item %s.", qPrintable(name));
+    return *action;
+}
+
+void MainWindow::scrollTo(const QWidget& widget, const QRect& area) {
+    const QPoint middle = widget.mapTo(m_controls->pages, area.center());
+    m_controls->client->ensureVisible(middle.x(), middle.y(), area.width(), area.height());
+}
 
 void MainWindow::present() {
     m_staysSmall = false;
@@ -52,7 +69,7 @@ void MainWindow::present() {
 
 void MainWindow::showTitle(const std::string& title) {
     setWindowTitle(QString::fromStdString(title));
-    // The toolkit doesn't tell; it is how a screen reader hears the score.
+    // Qt doesn't tell; it is how a screen reader hears the score.
     QAccessibleEvent event(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
     if (!m_staysSmall)
@@ -63,7 +80,7 @@ void MainWindow::Form_Activate() {
     *m_state = ProgramState{};
     m_mainPage->showReadouts();
     m_mainPage->fitboard();
-    Pages::show(*this, Page::main);
+    m_pages->show(Page::main);
     m_mainPage->controls().Text2->setFocus();
     present();
     emit activated();
@@ -108,7 +125,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     // Seen on the application, so that the key counts whichever control or menu has the keyboard. A dialog's
     // keys are its own: a file name may have a Q in it.
-    if (event->type() == QEvent::KeyPress && QApplication::activeModalWidget() == nullptr) {
+    // In practice the run itself reads the keys.
+    if (event->type() == QEvent::KeyPress && QApplication::activeModalWidget() == nullptr &&
+        m_state->practising != 1) {
         const auto& key = static_cast<const QKeyEvent&>(*event);
         Form_KeyDown(keyCode(key), static_cast<int>(key.modifiers()));
     }

@@ -5,7 +5,12 @@
 #include <string>
 
 #include "engine/ProgramState.h"
-#include "ui_MainWindow.h"
+
+class QAction;
+
+namespace Ui {
+class MagicSquare2;
+}
 
 namespace quarvelle {
 
@@ -13,7 +18,10 @@ class BoardPage;
 class FootLine;
 class InformationPage;
 class MainPage;
+class OptionMenus;
+class Pages;
 class PropertiesPage;
+class SizeMenu;
 
 /// The program's one window: the menu bar and four pages that fill one client area, which scrolls where the
 /// screen is too small. Owns the program state.
@@ -25,13 +33,17 @@ public:
     ~MainWindow() override;
 
     ProgramState& state() { return *m_state; }
-    const Ui::MagicSquare2& menus() const { return m_menus; }
+    Pages& pages() const { return *m_pages; }
     MainPage& mainPage() const { return *m_mainPage; }
     InformationPage& informationPage() const { return *m_informationPage; }
     PropertiesPage& propertiesPage() const { return *m_propertiesPage; }
     BoardPage& boardPage() const { return *m_boardPage; }
     FootLine& foot() const { return *m_foot; }
+    /// The menu item of that object name, which must be one.
+    QAction& command(const QString& name) const;
 
+    /// Scrolls so that an area of a widget on a page can be seen.
+    void scrollTo(const QWidget& widget, const QRect& area);
     /// Maximises the window: a run begins.
     void present();
     /// Sets the title, shown at once, and maximises the window again unless the person has un-maximised it
@@ -56,12 +68,15 @@ protected:
 
 private:
     std::unique_ptr<ProgramState> m_state;
-    Ui::MagicSquare2 m_menus;
+    std::unique_ptr<Ui::MagicSquare2> m_controls;
     MainPage* m_mainPage;
     BoardPage* m_boardPage;
     FootLine* m_foot;
     InformationPage* m_informationPage;
     PropertiesPage* m_propertiesPage;
+    std::unique_ptr<SizeMenu> m_sizeMenu;
+    std::unique_ptr<OptionMenus> m_optionMenus;
+    std::unique_ptr<Pages> m_pages;
     bool m_activated = false;
     bool m_staysSmall = false; ///< the person un-maximised it
 };

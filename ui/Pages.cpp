@@ -3,11 +3,12 @@
 #include <QApplication>
 #include <array>
 
-#include "widgets/FootLine.h"
+#include "engine/ProgramState.h"
 #include "ui/InformationPage.h"
 #include "ui/MainPage.h"
-#include "ui/MainWindow.h"
 #include "ui/PropertiesPage.h"
+#include "ui_MainWindow.h"
+#include "widgets/FootLine.h"
 
 namespace quarvelle {
 
@@ -28,71 +29,60 @@ constexpr std::array<PageMenus, 4> pageMenus{{
     {false, false, true, false},
 }};
 
-/// An item of a run's "Options", shown in practice or in a batch.
-struct RunItem {
-    QAction* Ui::MagicSquare2::*action;
-    bool inPractice;
-};
-
-constexpr std::array<RunItem, 4> runItems{{
-    {&Ui::MagicSquare2::aprinting, false},
-    {&Ui::MagicSquare2::newsquare, true},
-    {&Ui::MagicSquare2::startover, true},
-    {&Ui::MagicSquare2::qplaying, true},
-}};
-
 } // namespace
 
-Pages::Pages(MainWindow& window) : QObject(&window), m_window(window) {
-    connect(window.mainPage().controls().Command2, &QPushButton::clicked, this, &Pages::Command2_Click);
-    connect(window.informationPage().controls().Command3, &QPushButton::clicked, this,
-            &Pages::Command3_Click);
-    connect(window.menus().chooseproperties, &QAction::triggered, this, &Pages::chooseproperties_Click);
-    connect(window.propertiesPage().controls().Command6, &QPushButton::clicked, this, &Pages::Command6_Click);
+Pages::Pages(ProgramState& state, const Ui::MagicSquare2& window, FootLine& foot, MainPage& mainPage,
+             InformationPage& informationPage, PropertiesPage& propertiesPage)
+    : m_state(state), m_window(window), m_foot(foot), m_mainPage(mainPage),
+      m_informationPage(informationPage), m_propertiesPage(propertiesPage) {
+    connect(mainPage.controls().Command2, &QPushButton::clicked, this, &Pages::Command2_Click);
+    connect(informationPage.controls().Command3, &QPushButton::clicked, this, &Pages::Command3_Click);
+    connect(window.chooseproperties, &QAction::triggered, this, &Pages::chooseproperties_Click);
+    connect(propertiesPage.controls().Command6, &QPushButton::clicked, this, &Pages::Command6_Click);
 }
 
-void Pages::show(MainWindow& window, int page) {
+void Pages::show(int page) {
     const PageMenus& shown = pageMenus[static_cast<std::size_t>(page)];
-    const Ui::MagicSquare2& menus = window.menus();
     while (QWidget* popup = QApplication::activePopupWidget())
         popup->close();
-    window.foot().clearMessage();
-    window.state().currentPage = page;
-    menus.pages->setCurrentIndex(page);
-    menus.client->ensureVisible(0, 0);
-    menus.options2->menuAction()->setVisible(shown.quit);
-    menus.options1->menuAction()->setVisible(shown.running);
-    for (QMenu* menu : {menus.printoptions, menus.puzzlemode, menus.size})
+    m_foot.clearMessage();
+    m_state.currentPage = page;
+    m_window.pages->setCurrentIndex(page);
+    m_window.client->ensureVisible(0, 0);
+    m_window.options2->menuAction()->setVisible(shown.quit);
+    m_window.options1->menuAction()->setVisible(shown.running);
+    for (QMenu* menu : {m_window.printoptions, m_window.puzzlemode, m_window.size})
         menu->menuAction()->setVisible(shown.settings);
-    menus.chooseproperties->setEnabled(shown.chooseProperties);
-    for (const RunItem& item : runItems)
-        (menus.*item.action)->setVisible(item.inPractice == (window.state().practising == 1));
+    m_window.chooseproperties->setEnabled(shown.chooseProperties);
+    const QString run = m_state.practising == 1 ? "practice" : "batch";
+    for (QAction* item : m_window.options1->actions())
+        item->setVisible(item->property("run") == run);
 }
 
-void Pages::returnToMain(MainWindow& window) {
-    show(window, Page::main);
-    window.mainPage().fitboard();
+void Pages::returnToMain() {
+    show(Page::main);
+    m_mainPage.fitboard();
 }
 
 void Pages::Command2_Click() {
-    show(m_window, Page::information);
-    m_window.informationPage().controls().Command3->setFocus();
+    show(Page::information);
+    m_informationPage.controls().Command3->setFocus();
 }
 
 void Pages::Command3_Click() {
-    returnToMain(m_window);
-    m_window.mainPage().controls().Command2->setFocus();
+    returnToMain();
+    m_mainPage.controls().Command2->setFocus();
 }
 
 void Pages::chooseproperties_Click() {
-    show(m_window, Page::properties);
-    m_window.propertiesPage().controls().Check2->setFocus();
+    show(Page::properties);
+    m_propertiesPage.controls().Check2->setFocus();
 }
 
 void Pages::Command6_Click() {
-    m_window.propertiesPage().keepOneLineOption();
-    returnToMain(m_window);
-    m_window.mainPage().focusPractice();
+    m_propertiesPage.keepOneLineOption();
+    returnToMain();
+    m_mainPage.focusPractice();
 }
 
 } // namespace quarvelle

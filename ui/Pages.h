@@ -2,23 +2,35 @@
 
 #include <QObject>
 
+class QMenu;
+class QWidget;
+
+namespace Ui {
+class MagicSquare2;
+}
+
 namespace quarvelle {
 
-class MainWindow;
+class FootLine;
+class InformationPage;
+class MainPage;
+class PropertiesPage;
+struct ProgramState;
 
-/// Switches between the pages.
+/// Switches between the pages and shows of the menus what belongs to each.
 class Pages : public QObject {
     Q_OBJECT
 
 public:
-    /// Becomes a child of the window.
-    explicit Pages(MainWindow& window);
+    /// Everything outlives the object.
+    Pages(ProgramState& state, const Ui::MagicSquare2& window, FootLine& foot, MainPage& mainPage,
+          InformationPage& informationPage, PropertiesPage& propertiesPage);
 
     /// Shows a page (a value of `Page`) with its menus, and names it in `currentPage`. The board has the menu
     /// of practice where `practising` is 1, else that of a batch. A menu that is open is closed.
-    static void show(MainWindow& window, int page);
+    void show(int page);
     /// Shows the main page with its buttons in agreement with the settings.
-    static void returnToMain(MainWindow& window);
+    void returnToMain();
 
     void Command2_Click();
     void Command3_Click();
@@ -26,7 +38,12 @@ public:
     void Command6_Click();
 
 private:
-    MainWindow& m_window;
+    ProgramState& m_state;
+    const Ui::MagicSquare2& m_window;
+    FootLine& m_foot;
+    MainPage& m_mainPage;
+    InformationPage& m_informationPage;
+    PropertiesPage& m_propertiesPage;
 };
 
 } // namespace quarvelle

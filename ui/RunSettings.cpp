@@ -1,57 +1,44 @@
 #include "ui/RunSettings.h"
 
-#include <cmath>
-
-#include "engine/MagicArithmetic.h"
+#include "board/BoardGeometry.h"
 #include "engine/Numbers.h"
 #include "engine/ProgramState.h"
-#include "engine/Random.h"
 #include "ui/MainPage.h"
+#include "ui/PropertiesPage.h"
 
 namespace quarvelle {
 
-void tidyRandomStarts(const MainPage& page) {
-    if (page.controls().Text7->number() < 1)
-        page.controls().Text7->setProgramText("2");
+namespace {
+
+/// Takes a positive distance; 0 becomes 1, and so does a negative one where there is no other.
+void readDistance(ProgramState& state, EntryBox& box) {
+    if (box.number() == 0 || (box.number() < 0 && state.distance <= 0))
+        box.setProgramText("1");
+    if (box.number() > 0)
+        state.distance = box.number();
 }
 
-void readNumbers(ProgramState& state, MainPage& page) {
+} // namespace
+
+void readRunSettings(ProgramState& state, MainPage& page, PropertiesPage& properties) {
     const Ui::MainPage& controls = page.controls();
+    properties.readPairs();
     for (EntryBox* box : {controls.Text1, controls.Text3, controls.text4, controls.Text5})
         box->setProgramText(numberText(box->number()));
     controls.Text2->setProgramText(numberText(state.squareSize));
-    for (EntryBox* box : {controls.Text5, controls.Text3})
-        if (box->number() == 0)
-            box->setProgramText("1");
-    state.startNumber = controls.text4->number();
-    if (controls.Text5->number() <= 0 && state.distance <= 0)
-        controls.Text5->setProgramText("1");
-    if (controls.Text5->number() > 0)
-        state.distance = controls.Text5->number();
-    page.showReadouts();
-}
-
-void readCounts(ProgramState& state, const MainPage& page) {
-    const Ui::MainPage& controls = page.controls();
+    if (controls.Text7->number() < 1)
+        controls.Text7->setProgramText("2");
     if (controls.Text3->number() < 1)
         controls.Text3->setProgramText("1");
+    readDistance(state, *controls.Text5);
+    state.startNumber = controls.text4->number();
     state.blankCount = controls.Text3->number();
     state.printCount = controls.Text1->number();
-}
-
-void drawStartNumber(ProgramState& state, const MainPage& page, RandomSource& random) {
-    double limit = 1;
-    for (int digit = 0; digit < state.maxDigits; ++digit)
-        limit *= 10;
-    const double n = state.squareSize;
-    const double starts = limit - SquareNumbers(state.baseStart, state.distance).realValue(n * n + 1);
-    double steps = std::floor(random.draw() * (starts - 1));
-    const double asked = page.controls().Text7->number();
-    if (asked < starts)
-        steps = std::floor(random.draw() * asked);
-    state.startNumber = SquareNumbers(state.baseStart, 1).realValue(steps + 1);
-    if (!hasPlayableNumbers(state))
-        state.startNumber = state.baseStart;
+    state.randomStarts.reset();
+    if (controls.Check1->isChecked())
+        state.randomStarts = controls.Text7->number();
+    page.showReadouts();
+    measureBoard(state);
 }
 
 } // namespace quarvelle

@@ -6,6 +6,7 @@
 #include "engine/Numbers.h"
 #include "engine/ProgramState.h"
 #include "ui/MainPage.h"
+#include "ui_MainWindow.h"
 
 namespace quarvelle {
 
@@ -29,17 +30,17 @@ constexpr std::array<SizeItem, 8> sizeItems{{
 
 } // namespace
 
-SizeMenu::SizeMenu(ProgramState& state, const Ui::MagicSquare2& menus, MainPage& page, QObject* parent)
-    : QObject(parent), m_state(state), m_menus(menus), m_page(page) {
+SizeMenu::SizeMenu(ProgramState& state, const Ui::MagicSquare2& window, MainPage& page)
+    : m_state(state), m_window(window), m_page(page) {
     // Of a group in which one is chosen, an item is marked with a bullet.
     auto* choice = new QActionGroup(this);
     for (const SizeItem& item : sizeItems) {
-        choice->addAction(menus.*item.action);
-        connect(menus.*item.action, &QAction::triggered, this, [this, &item] { sizeItem_Click(item.size); });
+        choice->addAction(window.*item.action);
+        connect(window.*item.action, &QAction::triggered, this, [this, &item] { sizeItem_Click(item.size); });
     }
-    choice->addAction(menus.larger);
-    // The toolkit has marked it by then; choosing this item does nothing, so the mark goes back.
-    connect(menus.larger, &QAction::triggered, this, [this] { marksize(m_state.squareSize); });
+    choice->addAction(window.larger);
+    // Qt has marked it by then; choosing this item does nothing, so the mark goes back.
+    connect(window.larger, &QAction::triggered, this, [this] { marksize(m_state.squareSize); });
     connect(&page, &MainPage::sizeAccepted, this, &SizeMenu::marksize);
 }
 
@@ -50,10 +51,10 @@ void SizeMenu::sizeItem_Click(int size) {
 }
 
 void SizeMenu::marksize(int x) {
-    QAction* chosen = m_menus.larger;
+    QAction* chosen = m_window.larger;
     for (const SizeItem& item : sizeItems)
         if (item.size == x)
-            chosen = m_menus.*item.action;
+            chosen = m_window.*item.action;
     chosen->setChecked(true);
 }
 

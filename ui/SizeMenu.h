@@ -2,7 +2,9 @@
 
 #include <QObject>
 
-#include "ui_MainWindow.h"
+namespace Ui {
+class MagicSquare2;
+}
 
 namespace quarvelle {
 
@@ -14,7 +16,8 @@ class SizeMenu : public QObject {
     Q_OBJECT
 
 public:
-    SizeMenu(ProgramState& state, const Ui::MagicSquare2& menus, MainPage& page, QObject* parent);
+    /// Everything outlives the object.
+    SizeMenu(ProgramState& state, const Ui::MagicSquare2& window, MainPage& page);
 
     /// A size item: takes `size` (5, 7, 11, 13, 17, 19, 23 or 29) and writes it into the size box.
     void sizeItem_Click(int size);
@@ -23,7 +26,7 @@ public:
 
 private:
     ProgramState& m_state;
-    const Ui::MagicSquare2& m_menus;
+    const Ui::MagicSquare2& m_window;
     MainPage& m_page;
 };
 

@@ -14,12 +14,12 @@ void DrawingSurface::fillRectangle(int left, int top, int right, int bottom, con
     repaintSoon();
 }
 
-void DrawingSurface::drawText(int x, int y, const QString& text, double room) {
+void DrawingSurface::drawText(int x, int y, const QString& text, std::optional<double> room) {
     m_drawing.drawText(x, y, text, room);
     repaintSoon();
 }
 
-void DrawingSurface::drawNote(int x, int y, const QString& text, double room) {
+void DrawingSurface::drawNote(int x, int y, const QString& text, std::optional<double> room) {
     m_drawing.drawNote(x, y, text, room);
     repaintSoon();
 }
@@ -29,13 +29,17 @@ void DrawingSurface::clear() {
     repaintSoon();
 }
 
+PixelGrid DrawingSurface::grid() const {
+    return PixelGrid::onScreen(*this, PageScale::factorOf(*this));
+}
+
 QPoint DrawingSurface::drawingPixel(const QPointF& point) const {
     const QPointF inWindow = mapTo(window(), point) * devicePixelRatio();
-    return PixelGrid::onScreen(*this, PageScale::factorOf(*this)).pixelAt(inWindow);
+    return grid().pixelAt(inWindow);
 }
 
 QRectF DrawingSurface::shown(const QRect& pixels) const {
-    const QRectF onDevice = PixelGrid::onScreen(*this, PageScale::factorOf(*this)).onDevice(pixels);
+    const QRectF onDevice = grid().onDevice(pixels);
     const double ratio = devicePixelRatio();
     const QRectF inWindow(onDevice.topLeft() / ratio, onDevice.size() / ratio);
     return inWindow.translated(mapFrom(window(), QPointF(0, 0)));
@@ -65,8 +69,8 @@ void DrawingSurface::timerEvent(QTimerEvent* event) {
 
 void DrawingSurface::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    m_drawing.show(painter, *this);
     const double factor = PageScale::factorOf(*this);
+    m_drawing.replay(painter, PixelGrid::painted(painter, factor));
     painter.scale(factor, factor);
     paintAbove(painter);
     painter.end();

@@ -8,6 +8,8 @@
 
 namespace quarvelle {
 
+class PixelGrid;
+
 /// The widget that shows a drawing, as large as it shows a page, and tells of mouse buttons pressed on it, in
 /// the drawing's pixels.
 class DrawingSurface : public QWidget, public Canvas {
@@ -17,10 +19,12 @@ public:
     using QWidget::QWidget;
 
     const Drawing& drawing() const { return m_drawing; }
+    /// Where the drawing is in the pixels of the screen.
+    PixelGrid grid() const;
 
     void fillRectangle(int left, int top, int right, int bottom, const QColor& color) override;
-    void drawText(int x, int y, const QString& text, double room) override;
-    void drawNote(int x, int y, const QString& text, double room) override;
+    void drawText(int x, int y, const QString& text, std::optional<double> room) override;
+    void drawNote(int x, int y, const QString& text, std::optional<double> room) override;
     void clear();
 
     /// The pixel of the drawing that is shown at a point of the widget.

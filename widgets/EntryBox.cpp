@@ -75,8 +75,6 @@ bool EntryBox::showsWholeText() const {
 void EntryBox::keyPressEvent(QKeyEvent* event) {
     setCursor(Qt::BlankCursor);
     const QScopedValueRollback handling(m_handlesKey, true);
-    if (!event->isAutoRepeat())
-        emit keyPressed(keyCode(*event));
     QLineEdit::keyPressEvent(event);
     // Left alone they would scroll the page.
     if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)

@@ -5,8 +5,8 @@
 
 namespace quarvelle {
 
-/// A text box that tells of each key pressed and released in it, once each however long the key is held, and
-/// of edits that no release in it will tell of (pasting or dropping with the mouse, leaving the box with the
+/// A text box that tells of each key released in it, once however long the key was held, and of edits that no
+/// release in it will tell of (pasting or dropping with the mouse, leaving the box with the
 /// key still down). Up and Down are its own, whatever is around it. While it hasn't the keyboard it shows how
 /// its text begins, and the whole of a longer one as its tooltip. The mouse pointer hides from the typing.
 class EntryBox : public QLineEdit {
@@ -27,7 +27,6 @@ public:
     double number() const;
 
 signals:
-    void keyPressed(int keyCode);
     /// With `KeyCode::none` for an edit without a key.
     void keyReleased(int keyCode);
 

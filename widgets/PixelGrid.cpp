@@ -46,18 +46,20 @@ Axis down(const QTransform& toDevice, int thickness) {
 
 } // namespace
 
-PixelGrid::PixelGrid(const QTransform& toDevice)
-    : m_toDevice(toDevice), m_thickness(std::max(1, qRound(toDevice.m11()))) {}
+PixelGrid::PixelGrid(const QTransform& toDevice, double factor)
+    : m_toDevice(toDevice), m_factor(factor), m_thickness(std::max(1, qRound(toDevice.m11()))) {}
 
 PixelGrid PixelGrid::painted(const QPainter& painter, double factor) {
-    return PixelGrid(QTransform::fromScale(factor, factor) * painter.deviceTransform());
+    return PixelGrid(QTransform::fromScale(factor, factor) * painter.deviceTransform(), factor);
 }
 
 PixelGrid PixelGrid::onScreen(const QWidget& widget, double factor) {
     const QPoint corner = widget.mapTo(widget.window(), QPoint(0, 0));
     const double ratio = widget.devicePixelRatio();
     return PixelGrid(QTransform::fromScale(factor, factor) *
-                     QTransform::fromTranslate(corner.x(), corner.y()) * QTransform::fromScale(ratio, ratio));
+                         QTransform::fromTranslate(corner.x(), corner.y()) *
+                         QTransform::fromScale(ratio, ratio),
+                     factor);
 }
 
 QRect PixelGrid::onDevice(const QRect& pixels) const {
@@ -75,6 +77,14 @@ QPoint PixelGrid::pixelAt(const QPointF& point) const {
 
 void PixelGrid::fill(QPainter& painter, const QRect& pixels, const QColor& color) const {
     painter.fillRect(painter.deviceTransform().inverted().mapRect(QRectF(onDevice(pixels))), color);
+}
+
+QFontMetricsF PixelGrid::metrics(const QFont& font) const {
+    return QFontMetricsF(font);
+}
+
+ShownText PixelGrid::text(const QFont& font, double condensed) const {
+    return ShownText::onScreen(font, condensed, m_factor);
 }
 
 } // namespace quarvelle

@@ -2,11 +2,11 @@
 #include <gtest/gtest.h>
 #include <map>
 
+#include "engine/BlankSelection.h"
 #include "engine/Construction.h"
 #include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
 #include "engine/Stepping.h"
-#include "engine/BlankSelection.h"
 #include "tests/support/Literal.h"
 #include "tests/support/Scripted.h"
 

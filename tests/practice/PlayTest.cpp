@@ -30,7 +30,7 @@ protected:
         typeText(QString::fromStdString(numberText(cellAt(state().square, cell))));
         const auto inked = [&] {
             BoardPage& board = window().boardPage();
-            const QRect inside = board.shown(board.cellArea(cell.row, cell.column)).toRect();
+            const QRect inside = board.shown(board.cellArea(placeOf(cell))).toRect();
             const QImage seen = board.grab(inside.adjusted(4, 4, -4, -4)).toImage();
             return boundsOf(seen.convertToFormat(QImage::Format_Mono, Qt::ThresholdDither), Qt::black);
         };
@@ -97,7 +97,7 @@ TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
             auto* table = QAccessible::queryAccessibleInterface(&board)->tableInterface();
             auto* box = QAccessible::queryAccessibleInterface(&answerBox());
             EXPECT_EQ(reader.focus, row.typed ? box : table->cellAt(row.cell.column - 1, row.cell.row - 1));
-            const QRect cell = board.shown(board.cellArea(row.cell.row, row.cell.column)).toRect();
+            const QRect cell = board.shown(board.cellArea(placeOf(row.cell))).toRect();
             const QImage seen = board.grab().toImage();
             for (const QPoint edge :
                  {QPoint(cell.right(), cell.top() + 9), QPoint(cell.left() + 9, cell.top())})

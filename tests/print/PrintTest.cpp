@@ -15,6 +15,7 @@
 #include "print/QueueJob.h"
 #include "print/SheetPainter.h"
 #include "tests/support/WindowFixture.h"
+#include "widgets/DrawingGrid.h"
 #include "widgets/DrawingSurface.h"
 #include "widgets/Fonts.h"
 #include "widgets/FootLine.h"
@@ -55,9 +56,9 @@ protected:
     void print(const PrintedBatch& batch) {
         for (QCheckBox* box : window().findChildren<QCheckBox*>())
             box->setChecked(true);
-        QAction* const modes[] = {menus().panswers, menus().ppuzzles, menus().pboth};
+        QAction* const modes[] = {command("panswers"), command("ppuzzles"), command("pboth")};
         modes[batch.mode]->trigger();
-        (batch.shades ? menus().highlighted : menus().nhighlighted)->trigger();
+        (batch.shades ? command("highlighted") : command("nhighlighted"))->trigger();
         page().Check1->setChecked(*batch.random != '\0');
         type(page().Text7, batch.random);
         type(page().Text3, "300");
@@ -228,7 +229,7 @@ TEST_F(BatchTest, PrintsTheSheetsOrderedAndTellsHowItEnded) {
         events.onYield = [&](int) {
             if (printer.sheets.size() == row.stop)
                 // By the key or by the menu.
-                row.copies > 1 ? menus().aprinting->trigger() : pressKey(Qt::Key_Q);
+                row.copies > 1 ? command("aprinting")->trigger() : pressKey(Qt::Key_Q);
         };
         print(row.order, row.count);
         EXPECT_EQ(sheetsPrinted(), row.sheets);
@@ -307,7 +308,7 @@ TEST(Drawing, CondensesDigitsIntoTheirRoom) {
     surface.drawText(10, 3, "123456789", 21);
     QImage paper(60, 24, QImage::Format_RGB32);
     QPainter painter(&paper);
-    surface.drawing().replay(painter);
+    surface.drawing().replay(painter, PaperGrid(*painter.device()));
     for (const QImage& shown : {surface.grab({0, 0, 60, 24}).toImage(), paper}) {
         const QImage ink = shown.createMaskFromColor(qRgb(255, 255, 255));
         const QRect inked = boundsOf(ink, Qt::black);

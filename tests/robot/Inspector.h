@@ -95,15 +95,15 @@ protected:
         const bool running = current == Page::board;
         const char* const names[] = {"main page", "board", "information page", "properties page"};
         m_seen.insert(names[current]);
-        expectEqual(menus().pages->currentIndex(), current, "the page shown");
-        std::map<const QAction*, bool> offers{{menus().options2->menuAction(), current == Page::main},
-                                              {menus().options1->menuAction(), running},
-                                              {menus().printoptions->menuAction(), !running},
-                                              {menus().puzzlemode->menuAction(), !running},
-                                              {menus().size->menuAction(), !running}};
-        for (const QAction* item : menus().options1->actions())
+        expectEqual(allPages()->currentIndex(), current, "the page shown");
+        std::map<const QAction*, bool> offers{{menu("options2")->menuAction(), current == Page::main},
+                                              {menu("options1")->menuAction(), running},
+                                              {menu("printoptions")->menuAction(), !running},
+                                              {menu("puzzlemode")->menuAction(), !running},
+                                              {menu("size")->menuAction(), !running}};
+        for (const QAction* item : menu("options1")->actions())
             if (running)
-                offers[item] = (item == menus().aprinting) == (state().practising == 0);
+                offers[item] = (item == command("aprinting")) == (state().practising == 0);
         for (const auto& [item, offered] : offers)
             expectEqual(item->isVisible(), offered, "the visibility", item);
         if (running) {
@@ -113,7 +113,7 @@ protected:
             return;
         }
         expectEqual(state().practising, 0, "practice on another page");
-        expectEqual(menus().chooseproperties->isEnabled(), current == Page::main, "the way on");
+        expectEqual(command("chooseproperties")->isEnabled(), current == Page::main, "the way on");
         expectEqual(title(), "Quarvelle", "the title outside of runs");
         if (printer.steps == 0)
             return;
@@ -130,7 +130,7 @@ protected:
         const QWidget* keyboard = window().focusWidget();
         expect(keyboard && keyboard->isVisible() && keyboard->isEnabled(), "nothing has the keyboard");
         if (plays())
-            expect(keyboard == (answerBox().isVisible() ? &answerBox() : menus().pages->currentWidget()),
+            expect(keyboard == (answerBox().isVisible() ? &answerBox() : allPages()->currentWidget()),
                    "the keyboard is elsewhere");
     }
 
@@ -150,17 +150,17 @@ protected:
     void checkMarks() {
         const int puzzleMode = state().practising == 1 ? state().savedPuzzleMode : state().puzzleMode;
         const std::map<const QAction*, bool> marks{
-            {menus().panswers, puzzleMode == PuzzleMode::answers},
-            {menus().ppuzzles, puzzleMode == PuzzleMode::puzzles},
-            {menus().pboth, puzzleMode == PuzzleMode::both},
-            {menus().highlighted, state().highlightAnswers == 1},
-            {menus().nhighlighted, state().highlightAnswers == 0},
-            {menus().easy, state().difficulty == Difficulty::easy},
-            {menus().challenging, state().difficulty == Difficulty::challenging}};
+            {command("panswers"), puzzleMode == PuzzleMode::answers},
+            {command("ppuzzles"), puzzleMode == PuzzleMode::puzzles},
+            {command("pboth"), puzzleMode == PuzzleMode::both},
+            {command("highlighted"), state().highlightAnswers == 1},
+            {command("nhighlighted"), state().highlightAnswers == 0},
+            {command("easy"), state().difficulty == Difficulty::easy},
+            {command("challenging"), state().difficulty == Difficulty::challenging}};
         for (const auto& [item, marked] : marks)
             expectEqual(item->isChecked(), marked, "the mark", item);
         const auto* size = window().findChild<QAction*>(QString("sqr%1").arg(state().squareSize));
-        expect((size ? size : menus().larger)->isChecked(), "another size is marked");
+        expect((size ? size : command("larger"))->isChecked(), "another size is marked");
         expectEqual(state().mainDiagonalsAndLines, properties().Check2->isChecked(), "the line option");
         expectEqual(state().allDiagonals, properties().Check3->isChecked(), "the diagonals' option");
         for (const PropertyPair& pair : propertyPairs) {

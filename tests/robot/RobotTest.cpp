@@ -81,7 +81,7 @@ protected:
 
     void open() {
         program = std::make_unique<Program>(random, events, &printer);
-        QObject::connect(menus().startover, &QAction::triggered, [this] { m_keepsScore = false; });
+        QObject::connect(command("startover"), &QAction::triggered, [this] { m_keepsScore = false; });
         printer.steps = printer.failuresTold = 0;
         m_keepsScore = false;
         window().show();
@@ -115,14 +115,14 @@ protected:
 
     /// The controls of a class that a person sees.
     QList<QWidget*> shown(const char* className) {
-        auto widgets = menus().pages->currentWidget()->findChildren<QWidget*>();
+        auto widgets = allPages()->currentWidget()->findChildren<QWidget*>();
         widgets.removeIf([=](auto* widget) { return !widget->isVisible() || !widget->inherits(className); });
         return widgets;
     }
 
     void clickControl() {
         auto widgets = shown(below(3) == 0 ? "QPushButton" : "QWidget");
-        widgets.push_back(menus().pages->currentWidget());
+        widgets.push_back(allPages()->currentWidget());
         QWidget* widget = oneOf(widgets);
         m_done += " " + widget->objectName().toStdString();
         QTest::mouseClick(widget, Qt::LeftButton, {}, {below(widget->width()), below(widget->height())});
@@ -240,24 +240,24 @@ protected:
         if (items.empty())
             return;
         QAction* item = oneOf(items);
-        if ((item == menus().quit || item == menus().qplaying) && below(30) != 0)
+        if ((item == command("quit") || item == command("qplaying")) && below(30) != 0)
             return;
         m_done += " " + item->objectName().toStdString();
         const bool hearsKeys = window().isActiveWindow() && !QApplication::activePopupWidget();
         const QKeySequence keys = hearsKeys ? item->shortcut() : QKeySequence();
         keys.isEmpty() ? item->trigger() : QTest::keySequence(window().focusWidget(), keys);
         m_seen.insert(keys.toString().toStdString());
-        if (item == menus().qplaying || item == menus().aprinting)
+        if (item == command("qplaying") || item == command("aprinting"))
             expectEqual(state().stopRequested, Request::stop, "the request");
-        if (item == menus().newsquare || item == menus().startover)
+        if (item == command("newsquare") || item == command("startover"))
             expectEqual(state().stopRequested, Request::abandon, "the request");
         m_seen.insert(item->objectName().toStdString());
     }
 
     void openMenu() {
-        QMenu* menu = oneOf(std::vector{menus().options1, menus().size, menus().puzzlemode});
-        if (menu->menuAction()->isVisible())
-            menu->popup({below(300), below(100)});
+        QMenu* chosen = oneOf(std::vector{menu("options1"), menu("size"), menu("puzzlemode")});
+        if (chosen->menuAction()->isVisible())
+            chosen->popup({below(300), below(100)});
     }
 
     void resize() {
@@ -265,7 +265,7 @@ protected:
         window().resize(QSize{below(3000) + 1, below(1800) + 1});
     }
 
-    void zoom() { oneOf(std::vector{menus().zoomin, menus().zoomout, menus().zoomfit})->trigger(); }
+    void zoom() { oneOf(std::vector{command("zoomin"), command("zoomout"), command("zoomfit")})->trigger(); }
 };
 
 TEST_F(Robot, FindsNothing) {

@@ -4,13 +4,17 @@
 #include <QBitmap>
 #include <QDebug>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QStackedWidget>
 #include <QTest>
 
 #include "app/Program.h"
+#include "board/BoardPage.h"
 #include "tests/support/PrintedBoards.h"
 #include "tests/support/ScreenReader.h"
 #include "tests/support/Scripted.h"
-#include "board/BoardPage.h"
 #include "ui/InformationPage.h"
 #include "ui/MainPage.h"
 #include "ui/PropertiesPage.h"
@@ -43,7 +47,10 @@ protected:
     ProgramState& state() { return window().state(); }
     const Ui::MainPage& page() { return window().mainPage().controls(); }
     const Ui::PropertiesPage& properties() { return window().propertiesPage().controls(); }
-    const Ui::MagicSquare2& menus() { return window().menus(); }
+    QAction* command(const char* name) { return &window().command(name); }
+    QMenu* menu(const char* name) { return window().findChild<QMenu*>(name); }
+    QStackedWidget* allPages() { return window().findChild<QStackedWidget*>("pages"); }
+    QScrollArea* client() { return window().findChild<QScrollArea*>("client"); }
     EntryBox& answerBox() { return window().boardPage().answerBox(); }
     std::string title() { return window().windowTitle().toStdString(); }
 

@@ -34,7 +34,7 @@ TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
     enter("103", "1", "1");
     EXPECT_EQ(page().Command1->toolTip(), "Only up to 101 by 101.");
     EXPECT_EQ(page().Command4->toolTip(), "The board is larger than the page.");
-    menus().sqr7->trigger();
+    command("sqr7")->trigger();
     EXPECT_EQ(page().Text2->text(), "7");
     // clang-format off
     const std::pair<const QLabel*, const char*> counts[] = {
@@ -72,7 +72,7 @@ TEST_F(WindowFixture, BoxesTellOfEachEditOnce) {
 }
 
 TEST_F(WindowFixture, StartsAfreshOnlyWhenItIsFirstShown) {
-    menus().quit->trigger();
+    command("quit")->trigger();
     EXPECT_TRUE(window().isHidden());
     MainWindow fresh;
     EXPECT_EQ(fresh.width(), 760);
@@ -85,7 +85,7 @@ TEST_F(WindowFixture, StartsAfreshOnlyWhenItIsFirstShown) {
 
 TEST_F(WindowFixture, PropertiesPageWorksByKeyboardAndKeepsALine) {
     const QImage before = page().Text2->grab().toImage();
-    menus().chooseproperties->trigger();
+    command("chooseproperties")->trigger();
     EXPECT_TRUE(page().Text2->grab().toImage() != before) << "a cursor where no keyboard is";
     const QImage ticked = properties().Check2->grab().toImage();
     click(properties().Check3);
@@ -101,7 +101,7 @@ TEST_F(WindowFixture, PropertiesPageWorksByKeyboardAndKeepsALine) {
     pressKey(Qt::Key_Return);
     EXPECT_EQ(window().focusWidget(), page().Command4);
     EXPECT_EQ(state().mainDiagonalsAndLines, 0);
-    menus().chooseproperties->trigger();
+    command("chooseproperties")->trigger();
     click(properties().Check3);
     click(properties().Command6);
     EXPECT_TRUE(properties().Check2->isChecked() && state().mainDiagonalsAndLines == 1) << "no line at all";
@@ -188,7 +188,7 @@ TEST_F(LookTest, CaptionsAreWholeAtEveryFactorAndBlackOnDarkDesktopsToo) {
         window().resize((QSizeF(760, 540) * factor).toSize() + QSize(0, window().menuBar()->height()));
         ASSERT_NEAR(PageScale::factorOf(*page().Label1), factor, 0.01);
         SCOPED_TRACE(factor);
-        const PixelGrid grid(QTransform::fromScale(factor, factor));
+        const PixelGrid grid(QTransform::fromScale(factor, factor), factor);
         for (int line = 0; line < 50; ++line)
             EXPECT_EQ(grid.onDevice({0, line, 9, 1}).height() + grid.onDevice({line, 0, 1, 9}).width(),
                       2 * qRound(factor));
@@ -209,7 +209,7 @@ TEST_F(LookTest, PagesAreAsLargeAsTheyFitInEitherWay) {
         EXPECT_EQ(PageScale::factorOf(*page().Label1), 1.5);
     }
     for (const auto& [item, times, factor] :
-         {std::tuple{menus().zoomin, 20, 4.0}, {menus().zoomout, 2, 3.5}, {menus().zoomfit, 1, 2.0}}) {
+         {std::tuple{command("zoomin"), 20, 4.0}, {command("zoomout"), 2, 3.5}, {command("zoomfit"), 1, 2.0}}) {
         for (int time = 0; time < times; ++time)
             item->trigger();
         window().resize(2000, 1080 + window().menuBar()->height());
@@ -219,7 +219,7 @@ TEST_F(LookTest, PagesAreAsLargeAsTheyFitInEitherWay) {
 }
 
 TEST_F(LookTest, PagesAreAlikeAtEveryFactor) {
-    QWidget* const pages = menus().pages;
+    QWidget* const pages = allPages();
     const std::unique_ptr<QStyle> ordinary(QStyleFactory::create("Fusion"));
     const auto draw = [pages](QStyle* style) {
         for (auto* widget : pages->findChildren<QWidget*>())
@@ -228,7 +228,7 @@ TEST_F(LookTest, PagesAreAlikeAtEveryFactor) {
         return pages->grab().toImage().scaled(95, 68, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     };
     const auto expectAlike = [&] {
-        QStyle* const scaled = menus().pages->currentWidget()->style();
+        QStyle* const scaled = allPages()->currentWidget()->style();
         QImage alike;
         // At 0 in the toolkit's ordinary style, beside which all others are seen.
         for (const double factor : {0.0, 1.0, 2.0, 3.0}) {
@@ -247,10 +247,10 @@ TEST_F(LookTest, PagesAreAlikeAtEveryFactor) {
     };
     window().setWindowState(Qt::WindowNoState);
     for (const int current : {Page::main, Page::information, Page::properties}) {
-        menus().pages->setCurrentIndex(current);
+        allPages()->setCurrentIndex(current);
         expectAlike();
     }
-    menus().pages->setCurrentIndex(Page::main);
+    allPages()->setCurrentIndex(Page::main);
     events.onWait = [&] {
         expectAlike();
         pressKey(Qt::Key_F2);
@@ -269,7 +269,7 @@ TEST_F(WindowFixture, StaysAsSmallAsItWasMadeUntilTheNextRun) {
         events.onWait = [&] {
             EXPECT_EQ(window().isMaximized(), squares == 0);
             window().setWindowState(Qt::WindowNoState);
-            ++squares < 3 ? menus().newsquare->trigger() : menus().qplaying->trigger();
+            ++squares < 3 ? command("newsquare")->trigger() : command("qplaying")->trigger();
         };
         click(page().Command4);
     }
@@ -281,7 +281,7 @@ TEST_F(WindowFixture, StaysAsSmallAsItWasMadeUntilTheNextRun) {
 TEST_F(LookTest, SmallScreensScroll) {
     window().resize(500, 300);
     page().Text2->setFocus();
-    const QScrollBar& scrolled = *menus().client->verticalScrollBar();
+    const QScrollBar& scrolled = *client()->verticalScrollBar();
     const int place = scrolled.value();
     pressKey(Qt::Key_Up);
     EXPECT_EQ(scrolled.value(), place) << "the key is the size's";
@@ -292,10 +292,10 @@ TEST_F(LookTest, SmallScreensScroll) {
     // clang-format on
     for (const auto& [modifier, angle, factor] : turns) {
         QWheelEvent turn({}, {}, {}, {0, angle}, Qt::NoButton, modifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(menus().client->viewport(), &turn);
+        QApplication::sendEvent(client()->viewport(), &turn);
         EXPECT_EQ(PageScale::factorOf(*page().Text2), factor);
         QCoreApplication::processEvents();
-        EXPECT_EQ(scrolled.maximum(), 540 * factor - menus().client->viewport()->height());
+        EXPECT_EQ(scrolled.maximum(), 540 * factor - client()->viewport()->height());
     }
     click(page().Command2);
     EXPECT_TRUE(window().informationPage().visibleRegion().contains(QPoint(0, 0))) << "its top";
@@ -304,7 +304,7 @@ TEST_F(LookTest, SmallScreensScroll) {
     events.onWait = [this] {
         BoardPage& board = window().boardPage();
         pressKey(Qt::Key_End);
-        const QRect cell = board.cellArea(state().selectedRow, state().selectedColumn);
+        const QRect cell = board.cellArea(selectedPlace(state()));
         EXPECT_TRUE((QRegion(board.shown(cell).toAlignedRect()) - board.visibleRegion()).isEmpty());
         QTest::mouseClick(&board, Qt::LeftButton, {}, board.shown(cell).center().toPoint());
         EXPECT_TRUE(answerBox().isVisible());

@@ -1,12 +1,14 @@
-#include "practice/BoardKeys.h"
+#include "practice/PracticeKeys.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <algorithm>
 #include <array>
 
 #include "board/BoardPage.h"
+#include "practice/AnswerEntry.h"
 #include "ui/MainWindow.h"
+#include "widgets/KeyCodes.h"
 
 namespace quarvelle {
 
@@ -14,7 +16,7 @@ namespace {
 
 struct Arrow {
     int key;
-    Step step; ///< the first index runs across
+    Way way;
 };
 
 constexpr std::array<Arrow, 4> arrows{{
@@ -65,26 +67,34 @@ bool leavesBox(const QKeyEvent& key, const EntryBox& box) {
 
 } // namespace
 
-BoardKeys::BoardKeys(MainWindow& window) : QObject(&window), m_window(window), m_selection(window) {
-    window.boardPage().installEventFilter(this);
-    window.boardPage().answerBox().installEventFilter(this);
+PracticeKeys::PracticeKeys(MainWindow& window, AnswerEntry& answers)
+    : QObject(&window), m_window(window), m_answers(answers), m_selection(window) {
+    qApp->installEventFilter(this);
 }
 
-bool BoardKeys::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress || !m_selection.mayAnswer())
+bool PracticeKeys::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || m_window.state().practising != 1 ||
+        QApplication::activeModalWidget() != nullptr)
         return false;
     const auto& key = static_cast<const QKeyEvent&>(*event);
-    return watched == &m_window.boardPage() ? boardKey(key) : boxKey(key);
+    if (keyCode(key) == KeyCode::q) {
+        // Whatever has the keyboard, which gets the key as well: a letter typed stays typed.
+        m_window.Form_KeyDown(KeyCode::q, static_cast<int>(key.modifiers()));
+        return false;
+    }
+    if (watched == &m_window.boardPage())
+        return m_selection.mayAnswer() && boardKey(key);
+    return watched == &m_window.boardPage().answerBox() && boxKey(key);
 }
 
 /// Returns whether the key has had its effect.
-bool BoardKeys::boardKey(const QKeyEvent& key) {
-    if (const auto cell = destination(key, false)) {
-        goTo(*cell);
+bool PracticeKeys::boardKey(const QKeyEvent& key) {
+    if (const auto place = destination(key, false)) {
+        goTo(*place);
         return true;
     }
     const bool begins = beginsNumber(key);
-    if (!m_selection.isBlank(m_selection.cell()) || (!begins && !opensBox(key)))
+    if (!m_selection.isBlank(m_selection.place()) || (!begins && !opensBox(key)))
         return false;
     m_selection.openBox();
     if (begins) {
@@ -95,7 +105,15 @@ bool BoardKeys::boardKey(const QKeyEvent& key) {
 }
 
 /// Returns whether the key has had its effect, so that the box doesn't see it.
-bool BoardKeys::boxKey(const QKeyEvent& key) {
+bool PracticeKeys::boxKey(const QKeyEvent& key) {
+    if (keyCode(key) == KeyCode::enter) {
+        // One that is held has answered already.
+        if (!key.isAutoRepeat())
+            m_answers.Text6_KeyDown(KeyCode::enter, static_cast<int>(key.modifiers()));
+        return true;
+    }
+    if (!m_selection.mayAnswer())
+        return false;
     if (key.key() == Qt::Key_Escape) {
         m_selection.leaveBox();
         return true;
@@ -103,26 +121,26 @@ bool BoardKeys::boxKey(const QKeyEvent& key) {
     if (!leavesBox(key, m_window.boardPage().answerBox()))
         return false;
     // Where there is no other blank to go to, what was typed stays.
-    const auto cell = destination(key, true);
-    if (cell && *cell != m_selection.cell())
-        goTo(*cell);
+    const auto place = destination(key, true);
+    if (place && *place != m_selection.place())
+        goTo(*place);
     return true;
 }
 
-void BoardKeys::goTo(Cell cell) {
+void PracticeKeys::goTo(Place place) {
     m_selection.leaveBox();
-    m_selection.moveTo(cell);
+    m_selection.moveTo(place);
 }
 
 /// Where a key leads from the selected cell, arrows to a blank in any case if only those are asked for;
 /// nothing for a key that leads nowhere.
-std::optional<Cell> BoardKeys::destination(const QKeyEvent& key, bool onlyBlanks) const {
-    const Cell from = m_selection.cell();
+std::optional<Place> PracticeKeys::destination(const QKeyEvent& key, bool onlyBlanks) const {
+    const Place from = m_selection.place();
     const Qt::KeyboardModifiers modifiers = modifiersOf(key);
-    for (const auto& [arrow, step] : arrows)
+    for (const auto& [arrow, way] : arrows)
         if (key.key() == arrow && (modifiers == Qt::NoModifier || modifiers == Qt::ControlModifier))
-            return onlyBlanks || modifiers == Qt::ControlModifier ? m_selection.blankTowards(from, step)
-                                                                  : m_selection.neighbour(from, step);
+            return onlyBlanks || modifiers == Qt::ControlModifier ? m_selection.blankTowards(from, way)
+                                                                  : m_selection.neighbour(from, way);
     const bool isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
     if (isTab && (modifiers == Qt::NoModifier || modifiers == Qt::ShiftModifier))
         return m_selection.blankInReadingOrder(from, modifiers == Qt::ShiftModifier ? -1 : 1);

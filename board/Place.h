@@ -1,0 +1,30 @@
+#pragma once
+
+#include <compare>
+
+#include "engine/Cells.h"
+
+namespace quarvelle {
+
+/// A cell of a square as it lies on the board, counted from 1 from the left and from the top.
+struct Place {
+    int across = 0;
+    int down = 0;
+
+    auto operator<=>(const Place&) const = default;
+};
+
+/// The engine's name for a place: the first index of a square runs across the board and the second down.
+inline Cell cellOf(Place place) {
+    return {place.across, place.down};
+}
+inline Place placeOf(Cell cell) {
+    return {cell.row, cell.column};
+}
+
+/// The cell that is selected on the board.
+inline Place selectedPlace(const ProgramState& state) {
+    return placeOf({state.selectedRow, state.selectedColumn});
+}
+
+} // namespace quarvelle
