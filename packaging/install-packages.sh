@@ -17,5 +17,7 @@ if [ "$(id -u)" -ne 0 ]; then
     echo "These packages are missing; sudo may ask for your password to install them: ${missing[*]}"
     as_root=(sudo)
 fi
-"${as_root[@]}" apt-get update
+# A source of somebody else's may be gone, or a mirror be in the middle of a change; what is needed may be on
+# the other lists, and apt-get install says so where it isn't.
+"${as_root[@]}" apt-get update || echo "Not all lists of packages could be fetched; going on with those there are."
 "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install --yes --no-install-recommends "${missing[@]}"
