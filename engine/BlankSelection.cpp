@@ -5,6 +5,7 @@
 
 #include "engine/EventQueue.h"
 #include "engine/LineLedger.h"
+#include "engine/LinesInPlay.h"
 #include "engine/PropertyShapes.h"
 #include "engine/Random.h"
 #include "engine/Stepping.h"
@@ -33,7 +34,7 @@ private:
     Cell candidate() const { return {m_state.anchorRow, m_state.anchorCol}; }
     double& candidateCell() { return cellAt(m_state.puzzle, candidate()); }
     void drawCandidate();
-    bool diagonalTakesPart(int kind) const;
+    bool takesPart(int kind) const;
     bool diagonalsTakePart() const;
     void rateLine(int kind);
     void rateLines();
@@ -55,18 +56,12 @@ void Selection::drawCandidate() {
     m_state.anchorCol = 1 + m_random.below(m_state.squareSize);
 }
 
-/// Whether diagonal lines of `kind` (3 or 4) take part at the candidate, given that diagonals do.
-bool Selection::diagonalTakesPart(int kind) const {
-    if (m_state.allDiagonals != 0)
-        return true;
-    const auto [row, column] = candidate();
-    return kind == WholeLine::antiDiagonal ? row + column == m_state.squareSize + 1 : row == column;
+bool Selection::takesPart(int kind) const {
+    return isInPlay(m_state, kind, candidate());
 }
 
 bool Selection::diagonalsTakePart() const {
-    return m_state.allDiagonals != 0 ||
-           (m_state.mainDiagonalsAndLines == 1 &&
-            (diagonalTakesPart(WholeLine::antiDiagonal) || diagonalTakesPart(WholeLine::diagonal)));
+    return takesPart(WholeLine::antiDiagonal) || takesPart(WholeLine::diagonal);
 }
 
 /// Rates the whole line of `kind` through the candidate: usable unless it gives a blank already.
@@ -95,11 +90,11 @@ void Selection::rateLines() {
     if (diagonalsTakePart()) {
         // Where diagonals take part, an anti-diagonal that doesn't counts as turned down; a diagonal does
         // not.
-        if (diagonalTakesPart(WholeLine::antiDiagonal))
+        if (takesPart(WholeLine::antiDiagonal))
             rateLine(WholeLine::antiDiagonal);
         else
             m_state.lineRejected[WholeLine::antiDiagonal] = 1;
-        if (diagonalTakesPart(WholeLine::diagonal))
+        if (takesPart(WholeLine::diagonal))
             rateLine(WholeLine::diagonal);
     }
     for (const PropertyFamily& family : propertyFamilies)
@@ -195,7 +190,7 @@ bool Selection::placeAtCandidate() {
     if (!diagonalsTakePart())
         return false;
     for (const int kind : {WholeLine::antiDiagonal, WholeLine::diagonal})
-        if (diagonalTakesPart(kind) && placeThroughLine(kind))
+        if (takesPart(kind) && placeThroughLine(kind))
             return true;
     return placeThroughShape();
 }
