@@ -10,8 +10,8 @@ namespace quarvelle {
 /// The window with everything that acts on it.
 class Program {
 public:
-    /// Draws from `random`, yields to `events` and prints through `printer`, which outlive the program;
-    /// without a printer, through the platform's own dialog.
+    /// Draws from `random`, yields to `events` and prints through `printer`, which outlive the program. If
+    /// `printer` is null, it prints through the platform's dialog.
     Program(RandomSource& random, EventQueue& events, Printer* printer = nullptr);
 
     MainWindow& window() { return m_window; }

@@ -11,7 +11,7 @@ float secondsSinceMidnight() {
     return static_cast<float>(QTime::currentTime().msecsSinceStartOfDay()) / 1000.0F;
 }
 
-/// In the sizes that window lists and switchers show, where they don't take it from the launcher's entry.
+/// The icon in the sizes that lists of windows show, if they don't take it from the desktop file.
 QIcon windowIcon() {
     QIcon icon;
     for (const int size : {16, 32, 48, 64, 128, 256})

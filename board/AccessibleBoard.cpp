@@ -67,7 +67,7 @@ public:
 
     QStringList actionNames() const override { return {pressAction()}; }
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
-    /// As a click in the middle of the cell.
+    /// Has the effect of a click in the middle of the cell.
     void doAction(const QString& name) override {
         const QPoint middle = m_board.cellArea(m_place).center();
         if (name == pressAction() && isValid())

@@ -9,15 +9,15 @@ namespace quarvelle {
 
 class BoardPage;
 
-/// The board as assistive technology sees it: while a puzzle is there to be answered a table of n by n cells,
-/// named by their numbers or "blank", rows and columns as on the screen, and behind them the answer box. At
-/// other times the table has no cells, and its name says in a sentence what is drawn.
+/// The board as assistive technology sees it. While there is a puzzle to be answered it is a table of n by n
+/// cells, with rows and columns as on the screen, each named by its number or "blank"; the answer box comes
+/// after them. At other times the table has no cells, and its name says in a sentence what is drawn.
 class AccessibleBoard final : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
     explicit AccessibleBoard(BoardPage& board);
     ~AccessibleBoard() override;
 
-    /// Makes Qt ask this class about boards and describe pictures as such.
+    /// Makes Qt use this class for boards, and describe pictures as graphics and news as notifications.
     static void install();
 
     QString text(QAccessible::Text kind) const override;
@@ -56,7 +56,7 @@ private:
     void dropCells() const;
 
     BoardPage& m_board;
-    mutable std::map<Place, QAccessible::Id> m_cells; ///< those that somebody has asked for
+    mutable std::map<Place, QAccessible::Id> m_cells; ///< of the cells asked for so far
 };
 
 } // namespace quarvelle

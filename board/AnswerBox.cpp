@@ -31,7 +31,7 @@ void AnswerBox::moveEvent(QMoveEvent* event) {
     alignText();
 }
 
-/// Gives the text the place and the font that it would have on the board as one more of its numbers.
+/// Gives the text the place and the font that the board would draw it with.
 void AnswerBox::alignText() {
     const auto* board = qobject_cast<const DrawingSurface*>(parentWidget());
     if (!board)
@@ -40,7 +40,7 @@ void AnswerBox::alignText() {
     QPoint inset = m_insets.text;
     if (!text().startsWith('-'))
         inset.rx() += m_insets.signRoom;
-    // The box is a pixel wider than its cell, for its right grid line.
+    // The box is one pixel wider than its cell because it includes the right grid line.
     const double room = place.width() - 2 - inset.x();
     const double natural = QFontMetricsF(boardFont()).horizontalAdvance(text());
     const PixelGrid grid = board->grid();
@@ -49,7 +49,7 @@ void AnswerBox::alignText() {
     const ShownText shown = grid.text(boardFont(), condensed);
     if (font() != shown.font())
         setFont(shown.font());
-    // A line edit keeps insets of its own, and room for the cursor at the end of its text.
+    // QLineEdit adds insets of its own, and room for the cursor at the end of the text.
     constexpr QPoint ownInsets(2, 1);
     const QPoint corner = shown.corner(place.topLeft() + inset) - pos() - ownInsets;
     setTextMargins(corner.x(), corner.y(), -2 - qRound(PageScale::factorOf(*this)), 0);

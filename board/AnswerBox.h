@@ -4,13 +4,14 @@
 
 namespace quarvelle {
 
-/// The box that a cell's number is typed into. The digits typed stand where the board will draw the number.
-/// It has no background: the board paints the cell inside its grid lines.
+/// The box into which a cell's number is typed. Its digits stand exactly where the board will draw the
+/// number. It paints no background; the board does, and leaves the grid lines free.
 class AnswerBox : public EntryBox {
     Q_OBJECT
 
 public:
-    /// Where a text begins, from the cell's corner, and how much further right it does without a minus sign.
+    /// Where a text begins, in pixels from the cell's top-left corner, and how many pixels further right it
+    /// begins without a minus sign.
     struct Insets {
         QPoint text;
         int signRoom = 0;

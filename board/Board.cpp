@@ -27,7 +27,7 @@ void drawGrid(Canvas& canvas, QPoint corner, int cellWidth, const Piece& piece) 
     }
 }
 
-/// A cell with its top-left grid corner at `corner`.
+/// Draws a cell; `corner` is where its left and upper grid lines meet.
 void drawCell(Canvas& canvas, QPoint corner, const SquareShown& shown, Cell cell, View view) {
     const double number = cellAt(shown.puzzle, cell);
     const QPoint text = corner + textInset;

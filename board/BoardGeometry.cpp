@@ -12,12 +12,11 @@ namespace {
 
 constexpr int fewestColumns = 2;
 
-/// Whether the sign makes the widest number one character wider than the longer end.
+/// Whether a number indented by the room of a sign needs one character more than the longer end.
 bool needsSignRoom(double first, double last) {
     if (first >= 0 && last >= 0)
         return false;
-    // When neither end is positive there is nothing to line up with the negative numbers: 0 is shorter than
-    // 100.
+    // Where neither end is positive no number needs more room: these values, 0 and 100, answer no.
     double positiveEnd = 0;
     double negativeEnd = 100;
     if (first > 0) {

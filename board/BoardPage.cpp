@@ -30,10 +30,10 @@ void BoardPage::beginPuzzle() {
 }
 
 void BoardPage::endPuzzle() {
-    // Hidden with the keyboard, the box would leave it to nobody.
+    // If the box were hidden while it has the keyboard, no control would have it.
     if (window()->focusWidget() == &answerBox())
         setFocus();
-    // No cell that goes has the focus.
+    // The focus must not stay on a cell that is about to go.
     if (QAccessible::isActive() && hasPuzzle() && hasFocus())
         tell(QAccessible::queryAccessibleInterface(this), QAccessible::Focus);
     closeAnswerBox();
@@ -114,7 +114,7 @@ void BoardPage::closeAnswerBox() {
 void BoardPage::paintAbove(QPainter& painter) {
     const PixelGrid grid = PixelGrid::painted(painter, 1);
     if (answerBox().isVisible()) {
-        // The cell stays framed by its grid lines.
+        // The grid lines around the cell stay visible.
         const QRect cell = PageScale::placeOf(answerBox()).adjusted(1, 1, -1, 0);
         grid.fill(painter, cell, answerBox().palette().color(QPalette::Window));
     } else if (hasPuzzle()) {
@@ -122,7 +122,7 @@ void BoardPage::paintAbove(QPainter& painter) {
         const QRect inside = cellArea(selectedPlace(m_state)).adjusted(1, 1, -1, -1);
         const int across = inside.width() - thickness;
         const int down = inside.height() - thickness;
-        // Each side has its corners: enlarged, areas keep a little off each other.
+        // The sides overlap at the corners: areas that only touch have gaps between them when enlarged.
         for (const QRect& side : {inside.adjusted(0, 0, -across, 0), inside.adjusted(across, 0, 0, 0),
                                   inside.adjusted(0, 0, 0, -down), inside.adjusted(0, down, 0, 0)})
             grid.fill(painter, side, QColor(0, 96, 224));
@@ -136,7 +136,7 @@ void BoardPage::announce(const QString& news) {
 }
 
 void BoardPage::tellCellChanged() {
-    // It is the selected one, whether or not another window has the keyboard.
+    // Not the focused cell: there is none while another window has the keyboard.
     if (QAccessible::isActive())
         tell(QAccessible::queryAccessibleInterface(this)->tableInterface()->selectedCells().value(0),
              QAccessible::NameChanged);

@@ -9,8 +9,9 @@
 
 namespace quarvelle {
 
-/// The practice board: the drawing surface, the mark on the selected cell and the answer box that jumps onto
-/// cells. Tells assistive technology what is on it; `AccessibleBoard` answers its questions.
+/// The page with the board: the drawing, the mark on the selected cell, and the answer box, which is moved to
+/// the cell to be answered. It reports changes to assistive technology, whose questions `AccessibleBoard`
+/// answers.
 class BoardPage : public DrawingSurface {
     Q_OBJECT
 
@@ -21,30 +22,32 @@ public:
     EntryBox& answerBox() const { return *m_controls.Text6; }
     const ProgramState& state() const { return m_state; }
 
-    /// A puzzle has been drawn, to be answered; until it ends it is a table of cells and one of them, which
-    /// the state says is selected, is marked.
+    /// A puzzle to be answered has been drawn. Until `endPuzzle` the board is a table of cells for assistive
+    /// technology, and the cell that the state says is selected is marked.
     void beginPuzzle();
     void endPuzzle();
     bool hasPuzzle() const { return m_state.answering == 1; }
-    /// Gives the keyboard to the board, which shows by its mark where on it.
+    /// Gives the keyboard to the board, at the selected cell.
     void takeKeyboard();
-    /// The selection has moved.
+    /// To be called when another cell has been selected: marks that one.
     void markSelectedCell();
-    /// What a cell covers, grid lines included, in the drawing's pixels.
+    /// The rectangle of a cell, grid lines included, in the drawing's pixels.
     QRect cellArea(Place place) const;
-    /// The cell at a pixel of the drawing, if there is one; a grid line belongs to the cell that follows it.
+    /// The cell at a pixel of the drawing, if there is one. A grid line belongs to the cell to its right or
+    /// below it.
     std::optional<Place> placeAt(QPoint pixel) const;
 
-    /// Sizes the box for a cell, in pixels at 100 %, and lets it take each of `numbers` whole.
+    /// Gives the answer box the size of a cell, in pixels at 100 %, and lets it take as many characters as
+    /// the longest of `numbers` has.
     void fitAnswerBox(int cellWidth, const QStringList& numbers, const AnswerBox::Insets& insets);
     /// Empties the box, moves it onto the selected cell and gives it the keyboard.
     void openAnswerBox();
     void closeAnswerBox();
 
-    /// Says `news` to whoever listens with a screen reader: a notification, which is spoken whatever has the
+    /// Has a screen reader say `news`. It is sent as a notification, which is spoken whatever control has the
     /// keyboard.
     void announce(const QString& news);
-    /// The number in the selected cell has changed.
+    /// To be called when the number in the selected cell has changed: tells assistive technology.
     void tellCellChanged();
 
 protected:

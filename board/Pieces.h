@@ -4,22 +4,22 @@
 
 namespace quarvelle {
 
-/// A rectangle of a square's cells, as they lie on the board.
+/// A rectangle of a square's cells on the board.
 struct Piece {
     Place first{1, 1};
     int across = 0; ///< cells
     int down = 0;
 };
 
-/// How a square that the board has no room for is cut into pieces: so many cells across and down as there is
-/// room for, fewer in the last ones. A square that fits is one piece.
+/// How a square that is too large for the board is cut into pieces: each has as many cells across and down as
+/// the board has room for, the last ones fewer. A square that fits is one piece.
 class Pieces {
 public:
-    /// Of the state's square, on a board with the state's `visibleColumns` and `visibleRows`.
+    /// The pieces of the state's square, on a board with room for `visibleColumns` and `visibleRows`.
     explicit Pieces(const ProgramState& state)
         : m_order(state.squareSize), m_across(state.visibleColumns), m_down(state.visibleRows) {}
 
-    /// How many pieces lie side by side, and how many bands of them there are.
+    /// How many pieces lie side by side, and how many one below the other.
     int across() const { return partsOf(m_across); }
     int down() const { return partsOf(m_down); }
     int count() const { return across() * down(); }
@@ -28,7 +28,7 @@ public:
     int cellsAcross() const { return m_across; }
     int cellsDown() const { return m_down; }
 
-    /// A piece by its own place among the others.
+    /// The piece at a place among the pieces, counted from 1 each way.
     Piece at(Place piece) const;
 
 private:

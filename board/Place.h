@@ -6,7 +6,7 @@
 
 namespace quarvelle {
 
-/// A cell of a square as it lies on the board, counted from 1 from the left and from the top.
+/// A cell of a square on the board: `across` counts from 1 at the left, `down` from 1 at the top.
 struct Place {
     int across = 0;
     int down = 0;
@@ -14,7 +14,7 @@ struct Place {
     auto operator<=>(const Place&) const = default;
 };
 
-/// The engine's name for a place: the first index of a square runs across the board and the second down.
+/// The engine's cell at a place: its first index runs across the board and the second down.
 inline Cell cellOf(Place place) {
     return {place.across, place.down};
 }

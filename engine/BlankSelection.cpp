@@ -18,7 +18,8 @@ bool allAre(const std::array<int, lineKindCount + 1>& flags, int value) {
     return std::all_of(flags.begin() + 1, flags.end(), [value](int flag) { return flag == value; });
 }
 
-/// The blanks of one square: the candidate is the state's anchor, the ledger follows the markers in `puzzle`.
+/// Chooses the blanks of one square. The candidate is the state's anchor; the ledger always agrees with the
+/// markers in `puzzle`.
 class Selection {
 public:
     Selection(ProgramState& state, RandomSource& random)
@@ -88,8 +89,8 @@ void Selection::rateLines() {
         rateLine(WholeLine::row);
     }
     if (diagonalsTakePart()) {
-        // Where diagonals take part, an anti-diagonal that doesn't counts as turned down; a diagonal does
-        // not.
+        // Of the diagonals through the candidate that don't take part, only the anti-diagonal counts as
+        // rejected.
         if (takesPart(WholeLine::antiDiagonal))
             rateLine(WholeLine::antiDiagonal);
         else
@@ -102,8 +103,8 @@ void Selection::rateLines() {
             rateShape(m_state, family);
 }
 
-/// Draws kinds until one is usable and, when challenging, holds the most blanks. A usable kind with the best
-/// count exists, so this ends.
+/// Draws kinds until one is usable and, in challenging puzzles, its line has the most blanks. There is a
+/// usable kind with that count, so this ends.
 int Selection::chooseKind() {
     for (;;) {
         int drawn = 1 + m_random.below(wholeLineKinds);
@@ -125,7 +126,7 @@ int Selection::chooseKind() {
     }
 }
 
-/// The first choice is not blanked: its line is the root.
+/// The first line chosen becomes the root; the candidate itself stays filled.
 void Selection::placeRoot(int kind) {
     m_state.probeKind = kind;
     m_state.probeAnchorRow = m_state.anchorRow;
@@ -168,7 +169,7 @@ bool Selection::placeThroughLine(int kind) {
     return !m_ledger.givesBlank(kind, candidate()) && placeBlank(kind);
 }
 
-/// The last property that finds a placement has the candidate, so the ledger hears of it only then.
+/// A later property overwrites the marker of an earlier one, so the ledger is told only after the last.
 bool Selection::placeThroughShape() {
     m_state.blankPlaced = 0;
     const LineLedger::Candidate asked = m_ledger.candidate(candidate());
@@ -186,7 +187,7 @@ bool Selection::placeAtCandidate() {
     if (m_state.mainDiagonalsAndLines == 1 &&
         (placeThroughLine(WholeLine::column) || placeThroughLine(WholeLine::row)))
         return true;
-    // Off the diagonals that take part, the properties are not tried either.
+    // A cell on no diagonal that takes part is not tried for the properties either.
     if (!diagonalsTakePart())
         return false;
     for (const int kind : {WholeLine::antiDiagonal, WholeLine::diagonal})

@@ -13,7 +13,8 @@ struct Step {
     int column = 0;
 };
 
-/// A cell of the square, row and column from 1. A cursor may stand outside until it is wrapped.
+/// A cell of the square, row and column from 1; the row runs across the board. A cursor may lie outside the
+/// square until it is wrapped.
 struct Cell {
     int row = 0;
     int column = 0;

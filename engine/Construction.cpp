@@ -17,9 +17,9 @@ namespace {
 /// The knight steps by direction code 1 to 4.
 constexpr std::array<Step, 5> directionSteps{{{0, 0}, {1, 2}, {-1, 2}, {2, 1}, {-2, 1}}};
 
-/// One of the two axes through the origin: entries `first` to `first` + n - 1 of the axis record, each a step
-/// from the one before. They hold 1, 1 + unit, ..., 1 + (n - 1)unit, the origin 1 and the rest in random
-/// order.
+/// One of the two axes through the origin: entries `first` to `first` + n - 1 of `placedRow` and its like,
+/// each a step from the one before. The origin holds 1; the values 1 + unit to 1 + (n - 1)unit follow in
+/// random order.
 struct Axis {
     int first;
     int unit;
@@ -31,7 +31,7 @@ bool stopped(const ProgramState& state, EventQueue& events) {
     return state.stopRequested == Request::stop;
 }
 
-/// For orders above 5 a second draw, over all four directions, replaces the first.
+/// Above order 5 a second draw, among all four directions, replaces the first.
 int drawDirection(const ProgramState& state, RandomSource& random) {
     const int direction = 1 + random.below(2);
     return state.squareSize > 5 ? 1 + random.below(4) : direction;
@@ -100,7 +100,7 @@ bool fillBlocks(ProgramState& state, const Axis& first, const Axis& second, Even
         startOf[static_cast<std::size_t>(state.placedValue[index]) / static_cast<std::size_t>(n)] = index;
     }
     for (int block = 1; block < n; ++block) {
-        // The start of the block is filled already; it has its turn all the same.
+        // The first cell of the block is filled already; it yields all the same.
         if (stopped(state, events))
             return false;
         const std::size_t start = startOf[static_cast<std::size_t>(block)];

@@ -11,8 +11,8 @@
 namespace quarvelle {
 
 void makeblanks(ProgramState& state) {
-    // The candidate and every blank it needs, each once. The buffer has room for the cells of order 5, the
-    // one that asks thousands of times; other orders go on in free memory.
+    // The candidate and every blank it needs, each once. The buffer spares order 5, which asks thousands of
+    // times, from allocating; larger orders allocate.
     constexpr std::size_t usualCells = 25;
     std::array<std::byte, usualCells * sizeof(Cell)> buffer;
     std::pmr::monotonic_buffer_resource memory(buffer.data(), buffer.size());

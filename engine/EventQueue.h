@@ -2,17 +2,18 @@
 
 namespace quarvelle {
 
-/// The turn of the user-interface event queue that long operations give away.
+/// How a long operation lets the window handle its events in between.
 class EventQueue {
 public:
     virtual ~EventQueue() = default;
 
-    /// Handles events that are pending and returns; called once a pass of every long loop, which may be every
-    /// few hundred nanoseconds. No event stays pending for more than a few milliseconds of such calls. Any
-    /// field of the program state that a handler writes may have changed afterwards.
+    /// Gives the window a turn: handles the events that are pending, then returns. Every long loop calls it
+    /// once a pass, which may be every few hundred nanoseconds. Not every call has to handle events, but none
+    /// may wait more than a few milliseconds while calls go on. A handler may write to the program state, so
+    /// a caller reads what it needs of the state again.
     virtual void yield() = 0;
 
-    /// Like `yield`, but sleeps until there is an event where none is pending.
+    /// Handles pending events like `yield`, and sleeps until one arrives if there is none.
     virtual void wait() = 0;
 };
 

@@ -8,8 +8,8 @@ namespace {
 constexpr int familyCount = shapeFamilies.size();
 static_assert(shapeOrder * (wholeLineKinds + familyCount * shapeOrder) <= wholeLineKinds * maxOrder);
 
-/// For each five-cell kind the offset of the centre from the anchor: the mean of the five cells, the anchor's
-/// own offset being zero.
+/// For each five-cell kind the offset of the centre from the anchor. It is the mean of the offsets of the
+/// five cells, the anchor's own being zero, since the arms lie symmetrically around the centre.
 constexpr auto shapeCentres = [] {
     std::array<Step, lineKindCount + 1> centres{};
     for (int kind = firstKindOf(0); kind <= lineKindCount; ++kind) {
@@ -21,7 +21,8 @@ constexpr auto shapeCentres = [] {
     return centres;
 }();
 
-/// Which of the n lines of a whole-line kind, 1 to n, holds the cell: what its step leaves the same.
+/// Which of the n lines of a whole-line kind holds the cell, from 1 to n: the quantity that the kind's step
+/// doesn't change.
 int wholeLineIndex(int kind, Cell cell, int n) {
     switch (kind) {
     case WholeLine::column:

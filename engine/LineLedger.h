@@ -7,14 +7,14 @@
 
 namespace quarvelle {
 
-/// Keeps, for every line of a puzzle, what its blanks mean for the next one, as the blanks are placed one by
-/// one. A question costs the lines through one cell, whatever the order; a blank costs one pass over the
-/// lines.
+/// Records for every line of a puzzle what its blanks depend on, and so which cell may become the next blank.
+/// A question looks only at the lines through one cell, whatever the order; placing a blank takes one pass
+/// over all lines.
 ///
-/// A line gives at most one blank: two on it that are both found through it would each need the other. So a
-/// line's number stands for the blank it gives, and the dependency of blanks is a relation between lines: a
-/// line needs those that give the other blanks on it. The ledger keeps the transitive closure of it; the
-/// blanks can be found one at a time as long as it has no cycle, and a new blank can only close a cycle
+/// A line gives at most one blank: two that are both found through it would each need the other. So a line's
+/// number stands for the blank it gives, and the dependence of blanks is a relation between lines: a line
+/// needs those that give the other blanks on it. The ledger keeps the transitive closure of this relation.
+/// The blanks can be found one at a time as long as it has no cycle, and a new blank can only close a cycle
 /// through itself.
 class LineLedger {
 public:
@@ -36,13 +36,13 @@ public:
     void place(int kind, Cell cell);
 
 private:
-    /// Lines by number; order 5 has fewer with its shapes than order 103 without.
+    /// Lines by number. Order 103 has the most, although only order 5 has shapes as well.
     using LineSet = std::bitset<std::size_t{wholeLineKinds} * maxOrder>;
 
     struct Line {
         int blanks = 0;          ///< cells on it that are blank
         bool givesBlank = false; ///< one of them is to be found through it
-        LineSet needs;           ///< its row of the closure: what gives a blank on it, and all that needs
+        LineSet needs;           ///< the lines that give its blanks, and all the lines that those need
     };
 
     std::size_t numberOf(int kind, Cell cell) const;
@@ -54,15 +54,15 @@ private:
     std::vector<Line> m_lines;
 };
 
-/// What a ledger, which outlives it and doesn't change meanwhile, knows of one cell.
+/// What a ledger knows about one cell. The ledger outlives it and doesn't change meanwhile.
 class LineLedger::Candidate {
 public:
     Candidate(const LineLedger& ledger, Cell cell)
         : m_ledger(ledger), m_cell(cell), m_through(ledger.linesThrough(cell)) {}
 
-    /// Whether the cell may become a blank that is found through its line of `kind`, so that the blanks can
-    /// still be found one at a time. The answer of `makeblanks`: every line through the cell would need the
-    /// new blank; where the line that gives it needs one of them already, the cycle would close.
+    /// Whether the cell may become a blank that is found through its line of `kind`, so that all blanks can
+    /// still be found one at a time; the same answer as that of `makeblanks`. Every line through the cell
+    /// would need the new blank, so a cycle closes if the line that gives it needs one of them already.
     bool accepts(int kind) const { return (m_ledger.line(kind, m_cell).needs & m_through).none(); }
 
 private:

@@ -9,8 +9,8 @@ namespace quarvelle {
 
 namespace {
 
-/// Ten to the number of decimals of `value`, which a text without an exponent has at most 15 of; nothing for
-/// a value with more.
+/// Ten to the power of the number of decimals of `value`; nothing if it has more than 15, the most that a
+/// text without an exponent has.
 std::optional<double> decimalScale(double value) {
     for (double scale = 1; scale <= 1e15; scale *= 10)
         if (std::round(value * scale) / scale == value)
@@ -56,7 +56,7 @@ std::string lastNumberCaption(int n, double s, double d) {
 }
 
 bool hasPlayableNumbers(const ProgramState& state) {
-    // The numbers of the square lie between its two ends.
+    // All other numbers lie between the first and the last.
     const double last = lastNumber(state.squareSize, state.startNumber, state.distance);
     return std::fabs(state.startNumber) < emptyMarker && std::fabs(last) < emptyMarker;
 }

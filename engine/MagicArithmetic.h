@@ -8,13 +8,13 @@ namespace quarvelle {
 
 struct ProgramState;
 
-/// The numbers of squares that begin with `s` and go on in steps of `d`, as decimal arithmetic has them.
+/// The numbers of squares that begin with `s` and go on in steps of `d`, as worked out in decimals.
 ///
-/// A double holds most decimals only nearly: -0.3 + 3 * 0.1 leaves 5.6E-17 where a person finds 0. So where
-/// both numbers can be written without an exponent, sums are made in units of their last decimal place: whole
-/// numbers, which a double holds up to 2^53, and one division in the end gives the double that the decimal
-/// reads as. For whole numbers that is what plain arithmetic gives; everywhere else plain arithmetic has to
-/// do.
+/// A double holds most decimals only approximately: -0.3 + 3 * 0.1 gives 5.6E-17 where a person finds 0. So
+/// where both numbers can be written without an exponent, they are counted in units of their last decimal
+/// place. These counts are whole numbers, exact in a double up to 2^53, and one division at the end gives the
+/// double nearest to the decimal. Whole numbers come out as in plain arithmetic, which also does wherever
+/// this is not possible.
 class SquareNumbers {
 public:
     SquareNumbers(double s, double d);
@@ -22,11 +22,11 @@ public:
     /// The number that stands for relative value `k`, from 1 on: s + d(k - 1).
     double realValue(double k) const { return sum(1, k - 1, m_first + m_step * (k - 1)); }
 
-    /// The number that belongs to relative value n*n; the largest when d is positive.
+    /// The number that stands for relative value n*n; the largest when d is positive.
     double lastNumber(int n) const { return realValue(static_cast<double>(n) * n); }
 
-    /// The common sum of every row, column, diagonal and broken diagonal of a complete square of order `n`:
-    /// the sum of all its numbers over n, n*s + d*n(n*n - 1)/2.
+    /// The common sum of every row, column, diagonal and broken diagonal of a complete square of order `n`.
+    /// The n rows share the sum of all its numbers equally, so it is a row's n*s + d*n(n*n - 1)/2.
     double magicTotal(int n) const;
 
 private:
@@ -49,10 +49,10 @@ private:
 
     double m_first;
     double m_step;
-    std::optional<Units> m_units; ///< where both have a last decimal place
+    std::optional<Units> m_units; ///< where both can be written without an exponent
 };
 
-/// The same of the square of order `n` from `s` on in steps of `d`.
+/// The same for the square of order `n` from `s` on in steps of `d`.
 double magicTotal(int n, double s, double d);
 double lastNumber(int n, double s, double d);
 
@@ -62,7 +62,8 @@ std::string magicTotalCaption(const std::string& text);
 /// "Last number equals: " and the text of the last number, or the very-large caption from 8 characters on.
 std::string lastNumberCaption(int n, double s, double d);
 
-/// Whether every number of the square is a finite one that can't be taken for a blank.
+/// Whether every number of the state's square is below 1e200 in magnitude, so that none can be taken for a
+/// blank.
 bool hasPlayableNumbers(const ProgramState& state);
 
 } // namespace quarvelle

@@ -16,7 +16,7 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// Digits of a rounded number, the first before the point, and the power of ten that belongs to it.
+/// The digits of a rounded number, with the point after the first, and the power of ten to multiply by.
 struct Decimal {
     std::string digits;
     int exponent = 0;

@@ -9,8 +9,8 @@ struct ProgramState;
 /// The largest number that the prime test takes.
 inline constexpr double maxPrimeEntry = 32767;
 
-/// Whether `x` is an order: a whole prime from 5 to 32767. A composite number has a divisor no greater than
-/// its square root.
+/// Whether `x` is an order: a prime from 5 to 32767. Trying divisors up to the square root is enough, since
+/// of two factors one is no greater than it.
 bool primetest(double x);
 
 /// "(n by n)".

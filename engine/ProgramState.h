@@ -59,8 +59,7 @@ inline constexpr int properties = 3;
 /// start-up values.
 ///
 /// A value has a field here if a handler reads it, if two procedures exchange it through the record, or if it
-/// is a named result that others may ask for after a procedure. Whatever only one procedure counts with is a
-/// local of that procedure.
+/// is a result that others read. What only one procedure needs is a local of that procedure.
 struct ProgramState {
     // Settings.
     std::int16_t squareSize = 5;        ///< n, a prime of at least 5
@@ -68,7 +67,7 @@ struct ProgramState {
     double distance = 1;                ///< d, between consecutive numbers
     double blankCount = 100;            ///< blanks asked for, at least 1
     double printCount = 20;             ///< squares of a batch
-    std::optional<double> randomStarts; ///< of how many starting numbers each square draws one, if it does
+    std::optional<double> randomStarts; ///< how many starting numbers to draw from, if they are drawn
     int difficulty = Difficulty::challenging;
     int puzzleMode = PuzzleMode::both;
     int highlightAnswers = 1;
@@ -81,7 +80,7 @@ struct ProgramState {
 
     // The settings' readouts and the size box.
     std::string magicTotalText;
-    double sizeEntry = 0;       ///< the number in the size box, the candidate while arrow keys step it
+    double sizeEntry = 0;       ///< the number in the size box; while an arrow key steps it, the one tried
     double factorialSquare = 0; ///< ((n - 1)!) squared
 
     // The square.
@@ -123,9 +122,9 @@ struct ProgramState {
 
     // Working fields of construction and blank selection.
     int curRow = 0, curCol = 0;       ///< the cursor
-    int anchorRow = 0, anchorCol = 0; ///< the origin, or the cell in hand
+    int anchorRow = 0, anchorCol = 0; ///< the origin, or the candidate for a blank
     int firstDirection = 0;           ///< code 1 to 4 of the first axis's knight step
-    int stepDirection = 0;            ///< that of the axis laid last
+    int stepDirection = 0;            ///< the same of the latest axis
     int placeIndex = 0;               ///< blanks placed plus one
     std::array<int, lineKindCount + 1> lineUsable{};
     std::array<int, lineKindCount + 1> lineBlankCount{};

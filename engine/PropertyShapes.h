@@ -14,7 +14,7 @@ struct PropertyFamily {
     int ProgramState::*mode;
 };
 
-/// In the order in which a round calls them.
+/// In the order in which blank selection tries them.
 inline constexpr std::array<PropertyFamily, 4> propertyFamilies{{
     {firstKindOf(crossDiagonals), &ProgramState::crossDiagonalMode},
     {firstKindOf(scatteredCrossDiagonals), &ProgramState::scatteredCrossDiagonalMode},
@@ -30,10 +30,11 @@ bool fitsShape(int mode, int kind, Cell cell, int n);
 /// one of its cells holds the kind's own marker.
 std::optional<int> blanksOnShape(const ProgramState& state, int kind);
 
-/// Tries the five placements of a shape through the candidate, the candidate at the centre first. The first
-/// one that fits, that `accepts` takes, given the kind, and that has no marker of its own kind writes its
-/// marker into `puzzle` and sets `blankPlaced`; where none does, `puzzle` stays. The candidate may be blank
-/// already: a later success overwrites the marker of an earlier one.
+/// Tries the five placements of a shape through the candidate, first the one with the candidate at the
+/// centre. A placement will do if it fits, if `accepts(kind)` is true and if none of its cells holds the
+/// marker of its kind. The first that will do has its marker written into `puzzle` and sets `blankPlaced` to
+/// 1; if none will, `puzzle` stays as it is. The candidate may be blank already; its marker is overwritten
+/// then.
 template <class Accepts>
 void placeShape(ProgramState& state, const PropertyFamily& family, Accepts accepts) {
     const Cell candidate{state.anchorRow, state.anchorCol};
@@ -50,12 +51,12 @@ void placeShape(ProgramState& state, const PropertyFamily& family, Accepts accep
     }
 }
 
-/// For each of the same placements through a candidate that is not blank it sets `lineUsable` or
-/// `lineRejected`, and `lineBlankCount` and `bestBlankCount` when the blanks on the placement are at least
-/// the best count so far. Clears none of them.
+/// Rates the same five placements through a candidate that is not blank: sets `lineUsable` or `lineRejected`
+/// to 1 for each, and `lineBlankCount` and `bestBlankCount` where it has at least as many blanks as the best
+/// so far. Clears none of them.
 void rateShape(ProgramState& state, const PropertyFamily& family);
 
-/// The procedures of one family, on the record alone.
+/// The procedures of one family; they read and write the state alone.
 template <ShapeFamily family>
 void placeByCheck(ProgramState& state) {
     placeShape(state, propertyFamilies[family], [&state](int) {
@@ -68,8 +69,8 @@ void rateFamily(ProgramState& state) {
     rateShape(state, propertyFamilies[family]);
 }
 
-/// The procedures by their names: `d1...` place and `d2...` rate. The selection of blanks, which keeps a
-/// ledger, asks that instead of `makeblanks`, for the same answer in less time.
+/// The procedures by their names: `d1...` place and `d2...` rate. `selectBlanks` doesn't use those that
+/// place: it asks its ledger instead of `makeblanks`, for the same answer in less time.
 using PropertyProcedure = void (*)(ProgramState&);
 inline constexpr PropertyProcedure d1scross = placeByCheck<crossDiagonals>;
 inline constexpr PropertyProcedure d1scross2 = placeByCheck<scatteredCrossDiagonals>;

@@ -6,7 +6,7 @@
 namespace quarvelle {
 
 void SeededRandom::seed(float secondsSinceMidnight) {
-    // The bits of the number, not its whole part: two starts within one second differ as well.
+    // All bits of the number, so that two starts within the same second differ as well.
     m_bits.seed(std::bit_cast<std::uint32_t>(secondsSinceMidnight));
 }
 

@@ -5,11 +5,12 @@ namespace quarvelle {
 class RandomSource;
 struct ProgramState;
 
-/// Draws a `startNumber` from `baseStart` on, as many as keep the last number below 10 to the power
-/// `maxDigits`; where `randomStarts` is fewer than there are, among that many. One draw, or two; none where
-/// `randomStarts` has no number. Where hardly any but `baseStart` does, a number below it may be drawn: 74
-/// where order 5 begins with 75 in steps of 1. Keeps `baseStart` where the numbers drawn could be taken for
-/// blanks.
+/// Draws a `startNumber` for the next square: `baseStart` plus a random whole number. The numbers to draw
+/// from are those that keep the last number below 10 to the power `maxDigits`, or only the first
+/// `randomStarts` of them where that is fewer. Does nothing where `randomStarts` has no value; otherwise
+/// takes one draw, or two in the second case. Where `baseStart` leaves no room, the number drawn may lie
+/// below it: order 5 from 75 on in steps of 1 may begin with 74. `startNumber` is `baseStart` where the
+/// square would have numbers that could be taken for blanks.
 void drawStartNumber(ProgramState& state, RandomSource& random);
 
 } // namespace quarvelle

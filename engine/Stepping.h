@@ -4,7 +4,7 @@
 
 namespace quarvelle {
 
-/// The stepping rule: where a walk along `kind` from `anchor` goes next when it stands at `cursor`.
+/// The stepping rule: the next cell after `cursor` of a walk along the line of `kind` through `anchor`.
 /// Whole-line kinds add their step to the cursor; five-cell kinds set it to the anchor plus the offset of
 /// `stepIndex` (0 to 3 the other cells, 4 the anchor itself, any other leaves it). The result isn't wrapped.
 inline Cell stepped(int kind, Cell anchor, Cell cursor, int stepIndex) {
@@ -17,17 +17,17 @@ inline Cell stepped(int kind, Cell anchor, Cell cursor, int stepIndex) {
 
 /// Moves the main cursor (`curRow`, `curCol`) by the stepping rule for `lineKind`, the anchor (`anchorRow`,
 /// `anchorCol`) and `stepIndex`. Neither wraps the cursor nor advances `stepIndex`. The program itself walks
-/// lines with `walkLine`; this and `findline1` are single steps, for whoever keeps a walk in the record.
+/// lines with `walkLine`; this and `findline1` are single steps of a walk that is kept in the state.
 void findline2(ProgramState& state);
 
-/// The same for the probe cursor, its anchor and `probeKind`, five-cell kinds only; whole-line kinds leave
-/// it. The probe visits the cells of an arm of a cross-diagonal, the first arm apart, with steps 0 and 2
-/// exchanged.
+/// The same for the probe cursor, its anchor and `probeKind`, but only for five-cell kinds; whole-line kinds
+/// leave the probe where it is. For a cross-diagonal, plain or scattered, that is anchored at its second to
+/// fourth arm, the probe takes steps 0 and 2 in each other's place.
 void findline1(ProgramState& state);
 
-/// Calls `visit` for each cell of the line of `kind` through `anchor`, that cell first, by the stepping rule
-/// with wrap-around, until the line is whole (n cells or five) or `visit` returns false. Returns whether the
-/// whole line was visited.
+/// Calls `visit` for each cell of the line of `kind` through `anchor`, from that cell on by the stepping
+/// rule, around the edges, until all of the line (n cells or five) was visited or `visit` returns false.
+/// Returns whether all of it was visited and every call returned true.
 template <class Visit>
 bool walkLine(int kind, Cell anchor, int n, Visit visit) {
     const int cells = kind <= wholeLineKinds ? n : kindsPerFamily;

@@ -12,8 +12,8 @@ namespace quarvelle {
 
 namespace {
 
-/// An answer is written from a pixel left of its cell on, after the place of a sign: its digits keep off the
-/// grid line and stand in line with the numbers printed above and below.
+/// The pixels that an answer leaves for a sign, counted from one pixel left of its cell. So its digits stay
+/// clear of the grid line, in line with the numbers above and below.
 constexpr int signPlace = 3;
 
 } // namespace
@@ -47,7 +47,7 @@ void AnswerEntry::Text6_KeyDown(int keyCode, int) {
 
 bool AnswerEntry::isRight(double entry) const {
     const double answer = cellAt(m_window.state().square, cellOf(m_selection.place()));
-    // A number that needs more digits than a text has isn't the one that its text reads as.
+    // Texts are compared because a number with more than 15 digits differs from what its text reads as.
     return numberText(entry) == numberText(answer);
 }
 

@@ -6,7 +6,7 @@
 
 namespace quarvelle {
 
-/// Takes the player's answers: a click on a blank opens the answer box on it, Enter checks the number typed.
+/// Takes the player's answers: a click on a blank opens the answer box there, Enter checks the number typed.
 class AnswerEntry : public QObject {
     Q_OBJECT
 
@@ -14,8 +14,8 @@ public:
     /// Becomes a child of the window.
     explicit AnswerEntry(MainWindow& window);
 
-    /// A mouse button was pressed at (`x`, `y`) of the drawing surface. A press outside the board selects
-    /// nothing; a press on the open box's own cell keeps what was typed.
+    /// A mouse button was pressed at (`x`, `y`), in the drawing's pixels. Nothing happens outside the blanks,
+    /// nor on the cell whose box is open, so that what was typed there stays.
     void Form_MouseDown(int button, int shift, int x, int y);
     void Text6_KeyDown(int keyCode, int shift);
 

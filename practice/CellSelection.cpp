@@ -75,7 +75,7 @@ void CellSelection::openBox() {
 }
 
 void CellSelection::leaveBox() {
-    // While the box still has the keyboard: hidden, it would hand it to some other control first.
+    // Before the box is hidden: hiding it would first give the keyboard to some other control.
     m_window.boardPage().takeKeyboard();
     m_window.boardPage().closeAnswerBox();
 }

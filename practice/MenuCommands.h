@@ -6,7 +6,7 @@ namespace quarvelle {
 
 class MainWindow;
 
-/// The menu commands that steer a run of practice. Each only sets values that the run reads.
+/// The menu commands of practice. Each only sets values of the state, which the run reads.
 class MenuCommands : public QObject {
     Q_OBJECT
 

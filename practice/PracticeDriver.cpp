@@ -41,7 +41,7 @@ PracticeDriver::PracticeDriver(MainWindow& window, RandomSource& random, EventQu
 
 void PracticeDriver::Command4_Click() {
     openRun();
-    // Tidying may have brought in a distance with which the board doesn't fit.
+    // Reading the settings may have changed the distance, so that the board doesn't fit.
     if (boardGeometry(m_window.state()).hasAllCells && hasPlayableNumbers(m_window.state()))
         while (playSquare()) {
         }
@@ -107,7 +107,7 @@ void PracticeDriver::showPuzzle() {
 /// Sleeps between events until the square is solved or abandoned. Returns false when stopped.
 bool PracticeDriver::waitForPlayer() {
     const ProgramState& state = m_window.state();
-    // A puzzle without blanks is over after this one turn.
+    // A puzzle without blanks never waits, so this is its only chance to handle events.
     m_events.yield();
     while (state.stopRequested != Request::stop) {
         if (state.remainingBlanks <= 1 || state.stopRequested == Request::abandon)

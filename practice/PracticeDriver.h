@@ -8,7 +8,7 @@ class EventQueue;
 class MainWindow;
 class RandomSource;
 
-/// Carries out practice runs: square after square is built, blanked, shown and played until the player stops.
+/// Carries out runs of practice: makes, shows and lets solve one puzzle after another until the player stops.
 class PracticeDriver : public QObject {
     Q_OBJECT
 
@@ -16,8 +16,8 @@ public:
     /// Becomes a child of the window; draws from `random` and yields to `events` while a run lasts.
     PracticeDriver(MainWindow& window, RandomSource& random, EventQueue& events);
 
-    /// A whole run; returns when it has ended and the main page is back, at once for a square that doesn't
-    /// fit on the board or has numbers that could be taken for blanks.
+    /// A whole run; returns when it has ended and the main page is back. It ends at once if the square
+    /// doesn't fit the board or has numbers that could be taken for blanks.
     void Command4_Click();
 
 private:
@@ -32,7 +32,7 @@ private:
     MainWindow& m_window;
     RandomSource& m_random;
     EventQueue& m_events;
-    bool m_solved = false; ///< the last square of this run was
+    bool m_solved = false; ///< whether the previous square of this run was solved
 };
 
 } // namespace quarvelle

@@ -26,7 +26,7 @@ constexpr std::array<Arrow, 4> arrows{{
     {Qt::Key_Down, {0, 1}},
 }};
 
-/// The modifiers that make another key of it; arrows and Enter of the number pad are the ordinary ones.
+/// The modifiers held down. That of the number pad is left out: its arrows and Enter count like the others.
 Qt::KeyboardModifiers modifiersOf(const QKeyEvent& key) {
     return key.modifiers() & ~Qt::KeypadModifier;
 }
@@ -38,15 +38,15 @@ bool beginsNumber(const QKeyEvent& key) {
            characters.find(key.text().front().toLatin1()) != characters.npos;
 }
 
-/// Whether the key opens the box on a blank. One that is held, after it has given an answer or has started
-/// the run, does not.
+/// Whether the key opens the box on a blank. A repeat of a key held down doesn't: that key has just given an
+/// answer or started the run.
 bool opensBox(const QKeyEvent& key) {
     constexpr std::array opening{Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_F2};
     return !key.isAutoRepeat() && modifiersOf(key) == Qt::NoModifier &&
            std::find(opening.begin(), opening.end(), key.key()) != opening.end();
 }
 
-/// Whether the key, in the box, leads out of it.
+/// Whether the key, pressed in the box, leaves it for another blank.
 bool leavesBox(const QKeyEvent& key, const EntryBox& box) {
     const bool plain = modifiersOf(key) == Qt::NoModifier;
     switch (key.key()) {
@@ -78,7 +78,7 @@ bool PracticeKeys::eventFilter(QObject* watched, QEvent* event) {
         return false;
     const auto& key = static_cast<const QKeyEvent&>(*event);
     if (keyCode(key) == KeyCode::q) {
-        // Whatever has the keyboard, which gets the key as well: a letter typed stays typed.
+        // The control that has the keyboard gets the key as well.
         m_window.Form_KeyDown(KeyCode::q, static_cast<int>(key.modifiers()));
         return false;
     }
@@ -87,7 +87,7 @@ bool PracticeKeys::eventFilter(QObject* watched, QEvent* event) {
     return watched == &m_window.boardPage().answerBox() && boxKey(key);
 }
 
-/// Returns whether the key has had its effect.
+/// Returns whether the key was used.
 bool PracticeKeys::boardKey(const QKeyEvent& key) {
     if (const auto place = destination(key, false)) {
         goTo(*place);
@@ -104,10 +104,10 @@ bool PracticeKeys::boardKey(const QKeyEvent& key) {
     return true;
 }
 
-/// Returns whether the key has had its effect, so that the box doesn't see it.
+/// Returns whether the key was used; the box doesn't get it then.
 bool PracticeKeys::boxKey(const QKeyEvent& key) {
     if (keyCode(key) == KeyCode::enter) {
-        // One that is held has answered already.
+        // Held down, it has answered already.
         if (!key.isAutoRepeat())
             m_answers.Text6_KeyDown(KeyCode::enter, static_cast<int>(key.modifiers()));
         return true;
@@ -120,7 +120,7 @@ bool PracticeKeys::boxKey(const QKeyEvent& key) {
     }
     if (!leavesBox(key, m_window.boardPage().answerBox()))
         return false;
-    // Where there is no other blank to go to, what was typed stays.
+    // If there is no other blank, the box stays open with what was typed.
     const auto place = destination(key, true);
     if (place && *place != m_selection.place())
         goTo(*place);
@@ -132,8 +132,8 @@ void PracticeKeys::goTo(Place place) {
     m_selection.moveTo(place);
 }
 
-/// Where a key leads from the selected cell, arrows to a blank in any case if only those are asked for;
-/// nothing for a key that leads nowhere.
+/// The cell that a key leads to from the selected one; nothing if it leads nowhere. With `onlyBlanks`, arrows
+/// lead to blanks even without Ctrl.
 std::optional<Place> PracticeKeys::destination(const QKeyEvent& key, bool onlyBlanks) const {
     const Place from = m_selection.place();
     const Qt::KeyboardModifiers modifiers = modifiersOf(key);

@@ -11,12 +11,16 @@ namespace quarvelle {
 
 class AnswerEntry;
 
-/// What the keys do in practice. Q stops, whatever has the keyboard. On the board, Tab and Shift+Tab go from
-/// blank to blank as the screen is read, arrow keys from cell to cell, with Ctrl to the next blank that way,
-/// Home and End to the first and the last blank; Enter, Space, F2 or the first character of a number open the
-/// answer box on a blank. In the box, Enter answers, Tab, Shift+Tab, Up and Down go on to another blank, Left
-/// and Right past the ends of the text, and Escape goes back to the board; all other keys are the box's own.
-/// The keys of menu items stand with the items in the window's form.
+/// What the keys do in practice. Q stops, whatever control has the keyboard.
+///
+/// On the board, Tab and Shift+Tab go to the next and the previous blank in reading order. Arrow keys go from
+/// cell to cell, with Ctrl to the next blank in their direction. Home and End go to the first and the last
+/// blank. Enter, Space, F2 or the first character of a number open the answer box if the cell is a blank.
+///
+/// In the box, Enter answers and Escape goes back to the board. Tab, Shift+Tab, Up and Down go to another
+/// blank, and so do Left and Right at the ends of the text. All other keys go to the box.
+///
+/// The keys of menu items are set in MainWindow.ui.
 class PracticeKeys : public QObject {
     Q_OBJECT
 

@@ -34,16 +34,16 @@ void Batch::Command1_Click() {
         return;
     mainsub1();
     Outcome outcome;
-    // Tidying may have brought in other numbers.
+    // Reading the settings may have changed the numbers.
     if (!(state.printCount > 0))
         outcome.message = "There is nothing to print: the number of squares to print is " +
                           QString::fromStdString(numberText(state.printCount)) + '.';
     else if (!hasPlayableNumbers(state))
-        outcome.message = "There is nothing to print: the numbers of such squares are too large.";
+        outcome.message = outOfRange(state);
     else
         outcome = print();
     closeBatch();
-    // A window that was closed meanwhile has ended the program.
+    // If the window was closed meanwhile, the program is ending.
     if (!m_window.isVisible())
         return;
     if (!outcome.message.isEmpty())

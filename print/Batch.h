@@ -20,18 +20,19 @@ public:
     /// Becomes a child of the window; draws from `random` and yields to `events` while a batch lasts.
     Batch(MainWindow& window, RandomSource& random, EventQueue& events, Printer& printer);
 
-    /// A whole batch; returns when it has ended, the main page is back and the person knows how it went.
-    /// Nothing happens for an order above 101. Of a batch that is stopped, the full sheets are printed.
+    /// A whole batch; returns when it has ended, the main page is back and the person has been told how it
+    /// went. Does nothing for an order above 101. If the batch is stopped, the sheets that were full are
+    /// printed.
     void Command1_Click();
-    /// Prepares a batch: tidies and reads the settings, measures the board and puts the main page away.
+    /// Prepares a batch: reads the settings, measures the board and shows the board page.
     void mainsub1();
-    /// "Abort printing".
+    /// "Abort printing" was chosen.
     void aprinting_Click();
 
 private:
     struct Outcome {
         QString message; ///< for the person to read before going on, or empty
-        QString ending;  ///< the word at the end
+        QString ending;  ///< how the batch ended, for the foot line
     };
 
     Outcome print();

@@ -1,6 +1,7 @@
 #include "print/BatchTexts.h"
 
 #include <array>
+#include <cmath>
 
 #include "engine/MagicArithmetic.h"
 #include "engine/Numbers.h"
@@ -50,6 +51,18 @@ QString batchEnding(std::int64_t done, std::int64_t sheets, const PrintOrder& or
                             .arg(QString::number(sheets * order.queueCopies),
                                  sheets * order.queueCopies == 1 ? "sheet" : "sheets", order.destination);
     return done == sheets ? all : QString("Stopped: %1 of %2").arg(done * order.queueCopies).arg(all);
+}
+
+QString outOfRange(const ProgramState& state) {
+    // The next double below 1e200 would be written as 1E+200.
+    constexpr double limit = 9.99999999999999e199;
+    const double start = state.startNumber;
+    const bool startFits = std::fabs(start) < emptyMarker;
+    const double number = startFits ? lastNumber(state.squareSize, start, state.distance) : start;
+    const QString digits = std::isfinite(number) ? ", " + textOf(number) + ',' : QString();
+    return QString("There is nothing to print: the %1%2 is too %3. The %4 possible is %5.")
+        .arg(startFits ? "last number" : "starting number", digits, number < 0 ? "small" : "large",
+             number < 0 ? "smallest" : "largest", textOf(std::copysign(limit, number)));
 }
 
 } // namespace quarvelle

@@ -16,13 +16,17 @@ std::string batchTitle(const ProgramState& state);
 /// The line under the state's square, the `number`th of its batch: "3. Magic Total 65".
 QString squareNote(const ProgramState& state, int number);
 
-/// The line in a sheet's margin: its contents, and the settings that make it findable again: order, first
-/// number, distance, the difficulty of puzzles, and the date of printing. Where starting numbers are drawn,
-/// the first number is the one that they are drawn from; else it is that of the state's square.
+/// The line at the foot of a sheet: its contents, the settings (order, first number, distance, and the
+/// difficulty of puzzles), and the date of printing. If `drawsStarts`, the first number is the one from which
+/// starting numbers are drawn; otherwise it is that of the state's square.
 QString sheetCaption(const ProgramState& state, const QStringList& contents, bool drawsStarts,
                      const QDate& date);
 
-/// How a batch ended of which `done` sheets out of `sheets` were printed: "24 sheets sent to" a printer.
+/// How a batch ended of which `done` of `sheets` sheets were printed: "24 sheets sent to" a printer.
 QString batchEnding(std::int64_t done, std::int64_t sheets, const PrintOrder& order);
+
+/// Why the state's squares can't be printed, if their starting number or their last number is 1e200 or more
+/// in magnitude; one of them must be. Names that number, the starting number if both are, and the limit.
+QString outOfRange(const ProgramState& state);
 
 } // namespace quarvelle

@@ -27,8 +27,8 @@ QString PdfFileJob::finish() {
         m_file.cancelWriting();
         return {};
     }
-    // The painter doesn't notice what the file could not take, and committing closes the file, which is one
-    // step too late for its last bytes.
+    // The painter doesn't notice a failed write, and committing writes the last bytes without checking them.
+    // So they are flushed and checked first.
     m_painter.end();
     const bool whole = m_file.flush() && m_file.error() == QFileDevice::NoError;
     if (!whole) {
@@ -40,7 +40,7 @@ QString PdfFileJob::finish() {
 }
 
 QString PdfFileJob::failure() {
-    // A write that was cut short leaves no reason behind; the next one does.
+    // A write that was only partly done gives no reason; another try does.
     if (m_file.isOpen())
         m_file.flush();
     return QString("The file %1 could not be written: %2.").arg(m_file.fileName(), m_file.errorString());

@@ -9,8 +9,8 @@
 
 namespace quarvelle {
 
-/// Sheets written into a PDF file. The file appears, or replaces an earlier one, when the job has finished
-/// and every byte of it has been written.
+/// Writes sheets into a PDF file. The file appears, or replaces an earlier one, only when the job has
+/// finished and every byte has been written.
 class PdfFileJob final : public PrintJob {
 public:
     PdfFileJob(const QString& fileName, const QPageLayout& layout, const QString& documentName);
@@ -24,7 +24,7 @@ private:
 
     QSaveFile m_file;
     QPdfWriter m_writer;
-    QPainter m_painter; ///< goes first, then what it paints on
+    QPainter m_painter; ///< destroyed first, then what it paints on
 };
 
 } // namespace quarvelle

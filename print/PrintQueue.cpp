@@ -11,7 +11,7 @@ namespace quarvelle {
 
 namespace {
 
-/// Where Qt and its dialog keep what they will ask of the print server: names and values in turn.
+/// The property in which Qt and its dialog keep the options for the print server: name, value, name, value.
 constexpr auto serverOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
 
 } // namespace
@@ -21,7 +21,7 @@ bool PrintQueue::picksSheets() const {
 }
 
 void PrintQueue::reverse() {
-    // Qt's dialog offers it, and Qt forgets to ask for it.
+    // Qt's dialog offers the reverse order, but Qt doesn't pass it on.
     QStringList options = m_printer.printEngine()->property(serverOptions).toStringList();
     options << "outputorder"
             << "reverse";
@@ -29,15 +29,15 @@ void PrintQueue::reverse() {
 }
 
 bool PrintQueue::hasRoom() const {
-    // Far more than a sheet takes; Qt doesn't notice a full disk.
+    // Far more than a sheet takes. This is checked here because Qt doesn't notice a full disk.
     constexpr qint64 roomKept = qint64{4} << 20;
     const QStorageInfo storage(QDir::tempPath());
     return !storage.isValid() || storage.bytesAvailable() >= roomKept;
 }
 
 QString PrintQueue::refusal() const {
-    // Qt hands a job to the server's own client library and drops the answer, which that library keeps. It is
-    // in the process already where Qt prints through it.
+    // Qt gives a job to the server's client library and ignores the answer, but the library remembers it.
+    // Where Qt prints that way, the library is loaded already.
     constexpr int firstError = 0x0400;
     static QLibrary client("cups", 2);
     using LastError = int (*)();

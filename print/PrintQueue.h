@@ -6,23 +6,23 @@ class QPrinter;
 
 namespace quarvelle {
 
-/// What Qt keeps to itself of the print server's queue: the one place that knows the server's own words.
-/// Where the system has no such server it answers that nothing is special.
+/// The options and answers of the print server that Qt doesn't offer; only this class knows the server's own
+/// terms. Where the system has no such server, nothing is picked, there is room, and nothing was refused.
 class PrintQueue {
 public:
     /// `printer` outlives the object.
     explicit PrintQueue(QPrinter& printer) : m_printer(printer) {}
 
-    /// Whether the queue itself picks the sheets to print out of all that it is handed, because the person
-    /// has listed them.
+    /// Whether the queue itself picks the sheets to print from all those it is given, because the person has
+    /// listed them in the dialog.
     bool picksSheets() const;
-    /// Has the queue turn the order of the sheets round.
+    /// Has the queue print the last sheet first.
     void reverse();
-    /// Whether there is room where jobs gather on their way to the queue, for a sheet and the end of a
-    /// document. Where that can't be told, there may well be.
+    /// Whether the disk on which jobs are prepared has room for one more sheet and the end of the document;
+    /// true if that can't be found out.
     bool hasRoom() const;
-    /// Why the server did not take the job that this thread gave it last, in its own words without a full
-    /// stop; an empty text if it did.
+    /// Why the server refused the latest job of this thread, in its own words without a full stop; an empty
+    /// text if it took it.
     QString refusal() const;
 
 private:

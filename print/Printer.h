@@ -11,15 +11,15 @@ namespace quarvelle {
 
 class Drawing;
 
-/// A sheet of paper to be.
+/// A sheet to be printed.
 struct Sheet {
     const Drawing& drawing;
-    QRect content;   ///< what a full sheet covers, in the drawing's pixels; it is centred on the paper
-    double scale;    ///< a pixel on paper, in millimetres
-    QString caption; ///< the small line in the paper's margin
+    QRect content;   ///< the area of a full sheet, in the drawing's pixels; it is centred on the paper
+    double scale;    ///< the size of a pixel on paper, in millimetres
+    QString caption; ///< the small line below
 };
 
-/// Sheets on their way to paper or into a file. Each step returns an empty text, or a sentence that tells the
+/// Prints sheets on paper or into a file. Each step returns an empty text, or a sentence that tells the
 /// person why it failed; the job is over then.
 class PrintJob {
 public:
@@ -28,8 +28,8 @@ public:
     /// Makes sure that there is somewhere to print to. The first step.
     [[nodiscard]] virtual QString begin() = 0;
     [[nodiscard]] virtual QString print(const Sheet& sheet) = 0;
-    /// Ends the job, so that the sheets printed come out; where none was printed, nothing comes. Only now is
-    /// it known that they are whole.
+    /// Ends the job, so that the sheets printed come out; if there were none, nothing comes. Only success
+    /// here means that all of them were printed whole.
     [[nodiscard]] virtual QString finish() = 0;
 };
 
@@ -43,9 +43,9 @@ struct PrintOrder {
     int firstSheet = 1;
     int lastSheet = std::numeric_limits<int>::max();
     bool backwards = false; ///< the last sheet first
-    int copies = 1;         ///< how often the batch hands each sheet to the job
-    bool collated = true;   ///< copy after copy, not sheet after sheet
-    int queueCopies = 1;    ///< how often the printer then prints what it was handed
+    int copies = 1;         ///< how often the batch gives each sheet to the job
+    bool collated = true;   ///< all sheets once, then again; otherwise all copies of one sheet, then the next
+    int queueCopies = 1;    ///< how often the printer then prints what it is given
 };
 
 /// What a batch asks and tells the person about printing.
@@ -53,8 +53,9 @@ class Printer {
 public:
     virtual ~Printer() = default;
 
-    /// How to print a document of that name and so many sheets; no job when the person thinks better of it.
+    /// Asks how to print a document of that name and number of sheets. There is no job if the person cancels.
     virtual PrintOrder choose(const QString& documentName, int sheets) = 0;
+    /// Shows a message until the person has read it.
     virtual void tell(const QString& message) = 0;
 };
 

@@ -14,7 +14,7 @@ namespace quarvelle {
 
 namespace {
 
-/// On Windows the dialog is the system's own, which knows printers only.
+/// On Windows the dialog is the system's, which has printers only and no PDF files.
 bool dialogWritesFiles() {
     return QOperatingSystemVersion::currentType() != QOperatingSystemVersion::Windows;
 }
@@ -24,12 +24,12 @@ std::unique_ptr<QPrinter> printerFor(const QString& documentName) {
     printer->setDocName(documentName);
     printer->setCreator("Quarvelle");
     printer->setPageOrientation(QPageLayout::Landscape);
-    // A printer that can't print so near the edge keeps its own, wider margins.
+    // A printer that can't print that near the edge keeps its own, wider margins.
     printer->setPageMargins(QMarginsF(10, 10, 10, 10), QPageLayout::Millimeter);
     return printer;
 }
 
-/// The order without its job, as the person left the dialog.
+/// The order chosen in the dialog, without its job.
 PrintOrder orderFor(QPrinter& printer) {
     PrintOrder order;
     order.paper = printer.pageLayout().paintRect(QPageLayout::Millimeter).size();

@@ -6,16 +6,16 @@ class QWidget;
 
 namespace quarvelle {
 
-/// The platform's own print dialog and message box, over a window.
+/// The print dialog and the message box of Qt or of the system, over a window.
 class QtPrinter final : public Printer {
 public:
     /// `window` outlives the printer.
     explicit QtPrinter(QWidget& window) : m_window(window) {}
 
-    /// Landscape paper until the person chooses otherwise. "Print to File" gives a PDF file. Whatever the
-    /// dialog offers of sheets, copies and their order holds for printers and files alike; on a printer, the
-    /// print queue sees to copies and order. Where there is nothing that the dialog could print on, it isn't
-    /// shown, and the job says so.
+    /// Paper is landscape unless the person chooses otherwise. "Print to File" gives a PDF file. The sheets,
+    /// copies and order chosen in the dialog apply to printers and files alike; on a printer, the print queue
+    /// makes the copies and the order. If there is nothing to print on, the dialog isn't shown and the job
+    /// fails with a sentence that says so.
     PrintOrder choose(const QString& documentName, int sheets) override;
     void tell(const QString& message) override;
 

@@ -7,8 +7,8 @@
 
 namespace quarvelle {
 
-/// Sheets for a printer that the system knows, as one print job. What was printed before a failure still
-/// comes out.
+/// Prints sheets on a printer of the system, as one print job. What was printed before a failure still comes
+/// out.
 class QueueJob final : public PrintJob {
 public:
     explicit QueueJob(std::unique_ptr<QPrinter> printer);
@@ -21,7 +21,7 @@ private:
     QString failure(const QString& reason) const;
 
     std::unique_ptr<QPrinter> m_printer;
-    QPainter m_painter; ///< goes first, and ends the job with what was printed
+    QPainter m_painter; ///< destroyed before the printer, which ends the job
 };
 
 } // namespace quarvelle

@@ -15,9 +15,10 @@ namespace quarvelle {
 namespace {
 
 constexpr int margin = 8;
-/// Between two squares: clearly more than the gap between a number and its grid, less than a number's cell.
+/// Between two squares: clearly more than between a number and its grid line, less than a cell.
 constexpr int gap = 16;
-/// From a board to its note, and to the note's lower edge: nearer to its own board than to the next one.
+/// From a board down to its note, and to the note's lower edge: a note is nearer to its own board than to the
+/// next.
 constexpr int noteInset = 1;
 constexpr int noteBottom = 13;
 /// Digits in a larger cell would look clumsy on the paper that people have.
@@ -27,12 +28,12 @@ QSize boardSize(const ProgramState& state) {
     return {static_cast<int>(state.cellWidth) * state.visibleColumns + 1, rowHeight * state.visibleRows + 1};
 }
 
-/// The drawing surface inside its margins.
+/// The board page inside its margins.
 QRect surface(const ProgramState& state) {
     return {QPoint(margin, margin), QPoint(state.boardWidthLimit, state.boardHeightLimit)};
 }
 
-/// How many boards of `size` pixels fit on `room` pixels.
+/// How many boards of `size` pixels fit into `room` pixels; 1 even if none does.
 int boardsThatFit(int size, int room) {
     return std::max(1, (room + gap) / (size + gap));
 }
@@ -41,7 +42,7 @@ double scaleToFit(const QRect& area, QSizeF room) {
     return std::min(room.width() / area.width(), room.height() / area.height());
 }
 
-/// Right edge of the label with the most digits.
+/// The right edge of the widest label.
 int labelRight(int cellWidth, const Pieces& pieces) {
     const QString label = QString("%1,%2").arg(pieces.across()).arg(pieces.down());
     return margin + pieceLabelInset(cellWidth, pieces) +

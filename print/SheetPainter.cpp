@@ -16,7 +16,7 @@ namespace {
 
 constexpr double millimetersPerInch = 25.4;
 constexpr double captionPoints = 8;
-/// Paper kept free for the caption.
+/// The height kept free for the caption, in millimetres.
 constexpr double captionRoom = 18 * millimetersPerInch / 72;
 
 void paintCaption(QPainter& painter, const QRectF& area, const QString& caption, double point) {

@@ -8,11 +8,12 @@ namespace quarvelle {
 
 struct Sheet;
 
-/// What the caption leaves of a paper for the drawing, in millimetres; never less than one.
+/// The room that the caption leaves for the drawing on paper of size `paper`, in millimetres; at least one
+/// each way.
 QSizeF roomAboveCaption(QSizeF paper);
 
-/// Paints a sheet on the whole of the painter's device, its content centred above the caption. Lengths are as
-/// long on any device; a caption that is too wide for the paper is condensed.
+/// Paints a sheet over the whole of the painter's device, with its content centred above the caption. Lengths
+/// in millimetres are the same on any device. A caption that is too wide for the paper is condensed.
 void paintSheet(QPainter& painter, const Sheet& sheet);
 
 } // namespace quarvelle

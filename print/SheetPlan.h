@@ -2,17 +2,18 @@
 
 namespace quarvelle {
 
-/// How the squares of a batch are shared out among sheets of paper. A bundle is what is made in one go: the
-/// squares that share a sheet and the sheet of their answers, or all the pieces of one square and theirs.
-/// Bundles, squares and sheets count from 1.
+/// How the squares of a batch are distributed over sheets of paper. A bundle is a group of sheets made
+/// together: a sheet of one or more squares and the sheet of their answers, or all pieces of one square and
+/// of its answers. Bundles, squares and sheets count from 1.
 class SheetPlan {
 public:
-    /// Spreads the squares over as few bundles of at most `fitting` as they need, so evenly that two bundles
-    /// differ by one square at most. All numbers are positive, and so few that an `int` counts the sheets.
+    /// Distributes `squares` over as few bundles as possible, each of at most `fitting` squares and of
+    /// `sheetsOfBundle` sheets. Two bundles differ by at most one square. All numbers are positive, and small
+    /// enough for the number of sheets to be an `int`.
     SheetPlan(int squares, int fitting, int sheetsOfBundle);
 
     int sheets() const { return sheetsOf(m_bundles); }
-    /// How many squares the fullest bundle has.
+    /// The number of squares in the fullest bundle.
     int mostSquares() const { return squaresOf(1); }
 
     int squaresOf(int bundle) const { return m_fewest + (bundle <= m_fuller ? 1 : 0); }
@@ -24,8 +25,8 @@ private:
     int sheetsOf(int bundles) const { return bundles * m_sheetsOfBundle; }
 
     int m_bundles;
-    int m_fewest; ///< squares of a bundle that is not one of the fuller ones
-    int m_fuller; ///< so many bundles at the beginning have one square more
+    int m_fewest; ///< squares of a bundle
+    int m_fuller; ///< how many bundles, the first ones, have one square more
     int m_sheetsOfBundle;
 };
 

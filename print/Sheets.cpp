@@ -27,7 +27,7 @@ int viewsOf(const ProgramState& state) {
 
 SheetPlan Sheets::planFor(const ProgramState& state) {
     const int sheetsOfBundle = Pieces(state).count() * viewsOf(state);
-    // So many that their sheets can be counted, even if each square has its own.
+    // Few enough for an int to count the sheets, even if each square has its own.
     const int mostSquares = largestInt / sheetsOfBundle;
     const auto squares = static_cast<int>(std::min<double>(std::ceil(state.printCount), mostSquares));
     return {squares, SheetLayout::squaresThatFit(state), sheetsOfBundle};
@@ -149,7 +149,7 @@ QString Sheets::printSheets(int sheet, const QString& note) {
 QString Sheets::print(const Drawing& drawing, const QString& caption, int times) {
     QString failure;
     for (int time = 0; time < times && failure.isEmpty(); ++time) {
-        // The sheets of a bundle belong together, copies of a sheet don't.
+        // Only copies ask for a new stop: handling events between the sheets of a bundle could part them.
         if (m_state.stopRequested == Request::stop || (time > 0 && isStopped()))
             break;
         failure = m_order.job->print(Sheet{drawing, m_layout.content(), m_layout.scale(), caption});

@@ -7,8 +7,8 @@
 
 namespace quarvelle {
 
-/// The settings of the next square and the readouts beside them, which follow every key released in the size,
-/// starting-number and distance boxes.
+/// The settings of the next square, and the readouts, which are updated at every key released in the boxes
+/// for size, starting number and distance.
 class MainPage : public QWidget {
     Q_OBJECT
 
@@ -21,15 +21,15 @@ public:
     void text4_KeyUp(int keyCode);
     void Text5_KeyUp(int keyCode);
 
-    /// Takes `n`, an order, as the size: `squareSize`, the readouts and the count explanation.
+    /// Makes `n`, an order, the size: sets `squareSize`, and updates the readouts and the count of squares.
     void acceptSize(int n);
     /// Stores `magicTotalText` and shows the Magic Total and the last number of the current settings.
     void showReadouts();
-    /// Offers practice only for a board that fits and batches only up to order 101, both only for numbers
-    /// that can't be taken for blanks; says "(Larger than Page)" where practice is refused. Measures the
-    /// board.
+    /// Measures the board and enables the buttons that can be used: practice only if the board fits, batches
+    /// only up to order 101, both only for numbers that can't be taken for blanks. Shows "(Larger than Page)"
+    /// where practice is disabled.
     void fitboard();
-    /// Gives the keyboard to the practice button, or to the size box while practice is refused.
+    /// Gives the keyboard to the practice button, or to the size box while that button is disabled.
     void focusPractice();
 
 signals:

@@ -69,7 +69,7 @@ void MainWindow::present() {
 
 void MainWindow::showTitle(const std::string& title) {
     setWindowTitle(QString::fromStdString(title));
-    // Qt doesn't tell; it is how a screen reader hears the score.
+    // Qt doesn't report a new title, and the score is in it.
     QAccessibleEvent event(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
     if (!m_staysSmall)
@@ -96,7 +96,7 @@ void MainWindow::quit_Click() {
 }
 
 void MainWindow::Form_Unload() {
-    // A running operation stops at its next yield; the event loop has been told to end by then.
+    // A run that is going on stops after its next yield; the event loop has been told to end by then.
     m_state->stopRequested = Request::stop;
 }
 
@@ -123,9 +123,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    // Seen on the application, so that the key counts whichever control or menu has the keyboard. A dialog's
-    // keys are its own: a file name may have a Q in it.
-    // In practice the run itself reads the keys.
+    // The filter is on the application, so the key counts whichever control or menu has the keyboard. Dialogs
+    // keep their keys: a file name may have a Q in it. In practice `PracticeKeys` reads them.
     if (event->type() == QEvent::KeyPress && QApplication::activeModalWidget() == nullptr &&
         m_state->practising != 1) {
         const auto& key = static_cast<const QKeyEvent&>(*event);

@@ -23,8 +23,8 @@ class Pages;
 class PropertiesPage;
 class SizeMenu;
 
-/// The program's one window: the menu bar and four pages that fill one client area, which scrolls where the
-/// screen is too small. Owns the program state.
+/// The program's one window: the menu bar, and four pages of which one is shown in a client area that scrolls
+/// if the screen is too small. Owns the program state.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -39,25 +39,24 @@ public:
     PropertiesPage& propertiesPage() const { return *m_propertiesPage; }
     BoardPage& boardPage() const { return *m_boardPage; }
     FootLine& foot() const { return *m_foot; }
-    /// The menu item of that object name, which must be one.
+    /// The menu item with that object name; the program ends if there is none.
     QAction& command(const QString& name) const;
 
-    /// Scrolls so that an area of a widget on a page can be seen.
+    /// Scrolls so that an area of a widget on a page can be seen; `area` is in the widget's pixels.
     void scrollTo(const QWidget& widget, const QRect& area);
-    /// Maximises the window: a run begins.
+    /// Maximises the window at the beginning of a run.
     void present();
-    /// Sets the title, shown at once, and maximises the window again unless the person has un-maximised it
-    /// since it was presented.
+    /// Sets the title, and maximises the window again unless the person has made it smaller since `present`.
     void showTitle(const std::string& title);
 
     void Form_Activate();
-    /// The stop key, wherever it was pressed.
+    /// A key was pressed, whatever control has the keyboard; Q requests a stop.
     void Form_KeyDown(int keyCode, int shift);
     void quit_Click();
     void Form_Unload();
 
 signals:
-    /// The window was shown for the first time; its state holds the start-up values.
+    /// The window is shown for the first time; its state has the start-up values.
     void activated();
 
 protected:
@@ -78,7 +77,7 @@ private:
     std::unique_ptr<OptionMenus> m_optionMenus;
     std::unique_ptr<Pages> m_pages;
     bool m_activated = false;
-    bool m_staysSmall = false; ///< the person un-maximised it
+    bool m_staysSmall = false; ///< the person has made it smaller than maximised
 };
 
 } // namespace quarvelle

@@ -9,7 +9,7 @@ namespace quarvelle {
 
 namespace {
 
-/// A menu item that writes a value into a field of the state. Items of one field are radio items.
+/// A menu item that writes a value into a field of the state. Of the items of a field one is marked.
 struct OptionItem {
     QAction* Ui::MagicSquare2::*action;
     int ProgramState::*field;

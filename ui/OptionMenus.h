@@ -10,8 +10,8 @@ namespace quarvelle {
 
 struct ProgramState;
 
-/// The menu items that choose what is printed, whether answers are shaded, and the difficulty: each writes
-/// its value into a field that the next run reads.
+/// The menu items that choose what is printed, whether answers are shaded, and the difficulty. Each writes
+/// its value into a field of the state.
 class OptionMenus : public QObject {
     Q_OBJECT
 

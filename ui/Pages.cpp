@@ -14,7 +14,7 @@ namespace quarvelle {
 
 namespace {
 
-/// What a page shows of the menu bar, in the order of the page numbers.
+/// Which menus each page has, in the order of the page numbers.
 struct PageMenus {
     bool quit;             ///< the main "Options"
     bool running;          ///< the "Options" of a run

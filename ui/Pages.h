@@ -17,7 +17,7 @@ class MainPage;
 class PropertiesPage;
 struct ProgramState;
 
-/// Switches between the pages and shows of the menus what belongs to each.
+/// Switches between the pages, and shows the menus that belong to each.
 class Pages : public QObject {
     Q_OBJECT
 
@@ -26,10 +26,10 @@ public:
     Pages(ProgramState& state, const Ui::MagicSquare2& window, FootLine& foot, MainPage& mainPage,
           InformationPage& informationPage, PropertiesPage& propertiesPage);
 
-    /// Shows a page (a value of `Page`) with its menus, and names it in `currentPage`. The board has the menu
-    /// of practice where `practising` is 1, else that of a batch. A menu that is open is closed.
+    /// Shows a page (a value of `Page`) with its menus and sets `currentPage`. The board has the menu of
+    /// practice if `practising` is 1, otherwise that of a batch. A menu that is open is closed.
     void show(int page);
-    /// Shows the main page with its buttons in agreement with the settings.
+    /// Shows the main page, with the buttons enabled that can be used with the settings.
     void returnToMain();
 
     void Command2_Click();

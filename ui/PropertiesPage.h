@@ -18,10 +18,10 @@ public:
 
     void Check2_Click();
     void Check3_Click();
-    /// Closing the page: at least one of the two line options stays ticked.
+    /// Called when the page is closed: makes sure that at least one of the two line options is ticked.
     void keepOneLineOption();
-    /// Reads the four pairs of 5 by 5 boxes into their mode fields, 0 for any other size. Where both boxes of
-    /// a pair are ticked, the first wins.
+    /// Reads the four pairs of boxes for 5 by 5 squares into their mode fields, which are 0 for any other
+    /// size. Where both boxes of a pair are ticked, the first counts.
     void readPairs();
 
 private:

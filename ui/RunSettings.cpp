@@ -10,7 +10,7 @@ namespace quarvelle {
 
 namespace {
 
-/// Takes a positive distance; 0 becomes 1, and so does a negative one where there is no other.
+/// Reads a positive distance. 0 becomes 1, and so does a negative one if the state has no positive one.
 void readDistance(ProgramState& state, EntryBox& box) {
     if (box.number() == 0 || (box.number() < 0 && state.distance <= 0))
         box.setProgramText("1");

@@ -32,14 +32,14 @@ constexpr std::array<SizeItem, 8> sizeItems{{
 
 SizeMenu::SizeMenu(ProgramState& state, const Ui::MagicSquare2& window, MainPage& page)
     : m_state(state), m_window(window), m_page(page) {
-    // Of a group in which one is chosen, an item is marked with a bullet.
+    // In an exclusive group the chosen item has a bullet, not a tick.
     auto* choice = new QActionGroup(this);
     for (const SizeItem& item : sizeItems) {
         choice->addAction(window.*item.action);
         connect(window.*item.action, &QAction::triggered, this, [this, &item] { sizeItem_Click(item.size); });
     }
     choice->addAction(window.larger);
-    // Qt has marked it by then; choosing this item does nothing, so the mark goes back.
+    // Qt marks the item when it is clicked; since that chooses no size, the mark goes back.
     connect(window.larger, &QAction::triggered, this, [this] { marksize(m_state.squareSize); });
     connect(&page, &MainPage::sizeAccepted, this, &SizeMenu::marksize);
 }

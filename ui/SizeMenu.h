@@ -11,7 +11,7 @@ namespace quarvelle {
 class MainPage;
 struct ProgramState;
 
-/// The menu that chooses one of eight sizes. "Larger Size" only shows that a larger one was typed.
+/// The menu that chooses one of eight sizes. "Larger Size" only shows that the size typed is above 29.
 class SizeMenu : public QObject {
     Q_OBJECT
 
@@ -19,9 +19,10 @@ public:
     /// Everything outlives the object.
     SizeMenu(ProgramState& state, const Ui::MagicSquare2& window, MainPage& page);
 
-    /// A size item: takes `size` (5, 7, 11, 13, 17, 19, 23 or 29) and writes it into the size box.
+    /// The item of `size` (5, 7, 11, 13, 17, 19, 23 or 29) was chosen: makes it the size and writes it into
+    /// the size box.
     void sizeItem_Click(int size);
-    /// Checks the item of the accepted size `x`, "Larger Size" for one that has none, and no other.
+    /// Marks the item of size `x` and no other; "Larger Size" if `x` has none.
     void marksize(int x);
 
 private:

@@ -19,13 +19,13 @@ CaptionLayout::CaptionLayout(const QString& text, const QFont& font, const QSize
     }
 }
 
-/// Breaks the text into lines of at most `width`; true if they fit in the box's height. Lines may be set
-/// solid (no lead between them), which digits and capitals bear well.
+/// Breaks the text into lines; true if they are no wider than `width` and fit into the box's height. Lines
+/// may be as close as the font's size, with no space between them: that still reads well.
 bool CaptionLayout::layOut(const QString& text, double width, bool wraps) {
     const QFontMetricsF metrics(m_font);
     m_lines.clear();
     bool narrowEnough = true;
-    // Only blanks part words; a line that ends with a hyphen reads as a word cut in two.
+    // Lines break at spaces only: after a hyphen, "Cross-" would read as half a word.
     QTextLayout layout(QString(text).replace('-', QChar(0x2011)), m_font);
     QTextOption option;
     option.setWrapMode(wraps ? QTextOption::WordWrap : QTextOption::NoWrap);
@@ -61,7 +61,8 @@ void CaptionLayout::draw(QPainter& painter, const QRectF& box, Qt::Alignment ali
         const double width = metrics.horizontalAdvance(text) * m_condensed;
         const double left = box.left() + (centred ? (box.width() - width) / 2 : 0);
         painter.translate(left * factor, qRound(baseline * factor));
-        // Sizes of fonts are whole pixels; the width is what the layout gave the line.
+        // An enlarged font has a whole number of pixels, so its lines differ a little from their width at 100
+        // %.
         if (const double shownWidth = shownMetrics.horizontalAdvance(text); shownWidth > 0)
             painter.scale(width * factor / shownWidth, 1);
         painter.drawText(QPointF(0, 0), text);

@@ -8,19 +8,21 @@ class QPainter;
 
 namespace quarvelle {
 
-/// A caption laid out in a box at 100 %: on as many lines as the box has room for when it may wrap, and
-/// condensed, never shortened, where it would not fit otherwise. Drawn larger it has the same lines.
+/// A caption laid out in a box at 100 %. It may wrap onto as many lines as fit in the box; a text that still
+/// doesn't fit is condensed, never cut off. Drawn at any factor it has the same lines.
 class CaptionLayout {
 public:
-    /// Text narrower than this share of its natural width is hard to read.
+    /// The least share of its natural width that a text is condensed to: narrower, it is hard to read.
     static constexpr double narrowest = 0.7;
 
+    /// `font` and `box` are in pixels at 100 %.
     CaptionLayout(const QString& text, const QFont& font, const QSizeF& box, bool wraps);
 
-    /// Whether the whole text lies inside the box at a width that can be read.
+    /// Whether the whole text is inside the box, condensed to `narrowest` at most.
     bool fits() const { return m_fits; }
 
-    /// `box` is the one laid out in, in its place at 100 %; `painter` enlarges nothing.
+    /// Draws the caption enlarged by `factor`. `box`, at 100 %, has the size that was laid out for; `painter`
+    /// is not scaled.
     void draw(QPainter& painter, const QRectF& box, Qt::Alignment alignment, double factor) const;
 
 private:

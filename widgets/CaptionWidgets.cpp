@@ -11,12 +11,12 @@ namespace quarvelle {
 
 namespace {
 
-/// The inside of a control at 100 %.
+/// The area of a control at 100 %, from its own corner.
 QRectF insideOf(const QWidget& widget, const QMarginsF& insets) {
     return QRectF(QPointF(0, 0), PageScale::placeOf(widget).size()).marginsRemoved(insets);
 }
 
-/// A dotted line along a control's edge, in whole pixels of the screen, as thick as the frames of others.
+/// A dotted line along a control's edge, in whole device pixels and as thick as the frames of other controls.
 void drawFocusLine(QPainter& painter, const QWidget& widget) {
     const QTransform toDevice = painter.deviceTransform();
     const QRect edge = toDevice.mapRect(QRectF(widget.rect())).toRect();

@@ -8,7 +8,7 @@
 
 namespace quarvelle {
 
-/// A label whose text is always whole inside its box, condensed where it must be.
+/// A label that shows all of its text inside its box, condensed if necessary.
 class CaptionLabel : public QLabel {
     Q_OBJECT
 

@@ -42,7 +42,7 @@ private:
     const DrawingGrid& m_grid;
     ShownText m_number;
     ShownText m_note;
-    const ShownText* m_inUse = nullptr; ///< in the painter's font
+    const ShownText* m_inUse = nullptr; ///< whose font the painter has
 };
 
 } // namespace

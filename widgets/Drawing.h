@@ -25,7 +25,7 @@ enum class TextStyle {
     note,   ///< beside a board, smaller
 };
 
-/// Text with its top-left corner at a point and, where it is limited, `room` for its width, in pixels.
+/// Text with its top-left corner at a point, and the greatest width it may have, if any; in pixels.
 struct TextAtPoint {
     QPoint point;
     QString text;
@@ -36,20 +36,21 @@ struct TextAtPoint {
 
 using DrawingItem = std::variant<FilledRectangle, TextAtPoint>;
 
-/// What can be drawn on, in pixels.
+/// What can be drawn on, in pixels at 100 %.
 class Canvas {
 public:
     virtual ~Canvas() = default;
 
-    /// From corner (`left`, `top`) to corner (`right`, `bottom`), both included.
+    /// Fills from corner (`left`, `top`) to corner (`right`, `bottom`), both included.
     virtual void fillRectangle(int left, int top, int right, int bottom, const QColor& color) = 0;
-    /// In black, the top-left corner at (`x`, `y`), no wider than `room`, which is positive, if it is given.
+    /// Writes in black with the top-left corner at (`x`, `y`), no wider than `room`, if given; `room` is
+    /// positive.
     virtual void drawText(int x, int y, const QString& text, std::optional<double> room) = 0;
-    /// Likewise, in the smaller font of the notes.
+    /// The same in the smaller font of the notes.
     virtual void drawNote(int x, int y, const QString& text, std::optional<double> room) = 0;
 };
 
-/// What was drawn, in order. Screen and paper replay the same list, so they can't drift apart.
+/// What was drawn, in order. Screen and paper replay the same list, so they always show the same.
 class Drawing final : public Canvas {
 public:
     void fillRectangle(int left, int top, int right, int bottom, const QColor& color) override;
@@ -59,10 +60,10 @@ public:
 
     const std::vector<DrawingItem>& items() const { return m_items; }
 
-    /// Draws the list where the grid of a device puts it. Where one text is too wide for its room, all of its
-    /// style are condensed alike, so that digits have one width.
+    /// Draws the list on a device, at the places that `grid` gives. Where one text is too wide for its room,
+    /// all texts of its style are condensed alike, so that all digits have the same width.
     void replay(QPainter& painter, const DrawingGrid& grid) const;
-    /// How far the texts of a style are condensed: width drawn over natural width, at most 1.
+    /// How far the texts of a style are condensed: the width drawn over the natural width, at most 1.
     double condensed(TextStyle style, const DrawingGrid& grid) const;
 
 private:

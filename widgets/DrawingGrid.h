@@ -10,20 +10,21 @@ class QRect;
 
 namespace quarvelle {
 
-/// Where a device, a screen or a sheet of paper, has what is drawn at 100 %.
+/// Translates a drawing, in pixels at 100 %, to a device: a screen or a sheet of paper.
 class DrawingGrid {
 public:
     virtual ~DrawingGrid() = default;
 
     /// Fills a rectangle of the drawing, edges included.
     virtual void fill(QPainter& painter, const QRect& pixels, const QColor& color) const = 0;
-    /// The widths of texts at 100 %, as the device has them.
+    /// Measures texts as the device writes them, in pixels at 100 %.
     virtual QFontMetricsF metrics(const QFont& font) const = 0;
-    /// How texts are written; `condensed` is the width drawn over natural width, at most 1.
+    /// How texts are written; `condensed` is the width drawn over the natural width, at most 1.
     virtual ShownText text(const QFont& font, double condensed) const = 0;
 };
 
-/// Paper, whose dots are so many that everything is where it belongs. Painters are in the drawing's pixels.
+/// Paper, whose dots are so fine that nothing has to be moved to whole ones. Painters are in the drawing's
+/// pixels.
 class PaperGrid final : public DrawingGrid {
 public:
     /// `paper` outlives the grid.

@@ -45,8 +45,8 @@ QRectF DrawingSurface::shown(const QRect& pixels) const {
     return inWindow.translated(mapFrom(window(), QPointF(0, 0)));
 }
 
-/// A change after a pause is painted at the next turn. A batch changes the drawing far more often than a
-/// screen shows it, and to paint it takes longer than to make it: no paint begins sooner after the last one.
+/// A batch changes the drawing far more often than a screen can show it, and painting takes longer than the
+/// change. So paints are at least 33 milliseconds apart; a change after a longer pause is painted at once.
 void DrawingSurface::repaintSoon() {
     constexpr qint64 milliseconds = 33;
     if (m_repaint.isActive())

@@ -10,8 +10,8 @@ namespace quarvelle {
 
 class PixelGrid;
 
-/// The widget that shows a drawing, as large as it shows a page, and tells of mouse buttons pressed on it, in
-/// the drawing's pixels.
+/// A widget that shows a drawing, enlarged by the factor of its page, and reports mouse presses on it in the
+/// drawing's pixels.
 class DrawingSurface : public QWidget, public Canvas {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
     using QWidget::QWidget;
 
     const Drawing& drawing() const { return m_drawing; }
-    /// Where the drawing is in the pixels of the screen.
+    /// Where the pixels of the drawing fall on those of the screen.
     PixelGrid grid() const;
 
     void fillRectangle(int left, int top, int right, int bottom, const QColor& color) override;
@@ -29,7 +29,7 @@ public:
 
     /// The pixel of the drawing that is shown at a point of the widget.
     QPoint drawingPixel(const QPointF& point) const;
-    /// What part of the widget shows a rectangle of the drawing.
+    /// The part of the widget that shows a rectangle of the drawing.
     QRectF shown(const QRect& pixels) const;
 
 signals:

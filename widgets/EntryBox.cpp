@@ -39,10 +39,10 @@ double EntryBox::number() const {
     return leadingNumber(text().toStdString());
 }
 
-/// Lets the box hold that many characters, and no fewer than may be typed.
+/// Lets the box hold that many characters, or as many as may be typed if that is more.
 void EntryBox::allow(qsizetype characters) {
     const int limit = std::max(m_typedLimit, static_cast<int>(characters));
-    // Setting even the same limit moves the cursor and forgets what could be undone.
+    // Qt moves the cursor and drops the undo history even when the limit stays the same.
     if (limit == maxLength())
         return;
     const int cursor = cursorPosition();
@@ -67,7 +67,7 @@ bool EntryBox::showsWholeText() const {
     QStyleOptionFrame option;
     initStyleOption(&option);
     const QRect contents = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
-    // A line edit keeps two pixels at both ends, and one for the cursor.
+    // QLineEdit keeps two pixels free at each end, and one for the cursor.
     const int room = contents.marginsRemoved(textMargins()).width() - 5;
     return fontMetrics().horizontalAdvance(text()) <= room;
 }
@@ -76,7 +76,7 @@ void EntryBox::keyPressEvent(QKeyEvent* event) {
     setCursor(Qt::BlankCursor);
     const QScopedValueRollback handling(m_handlesKey, true);
     QLineEdit::keyPressEvent(event);
-    // Left alone they would scroll the page.
+    // If the box didn't accept them, they would scroll the page.
     if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
         event->accept();
 }
@@ -96,7 +96,7 @@ void EntryBox::mouseMoveEvent(QMouseEvent* event) {
 
 void EntryBox::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    // Its own menu may want what is selected, and another window gives the keyboard back.
+    // A menu may act on the selection, and after another window the person goes on where they were.
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::MenuBarFocusReason &&
         event->reason() != Qt::ActiveWindowFocusReason)
         setCursorPosition(0);

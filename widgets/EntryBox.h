@@ -5,10 +5,10 @@
 
 namespace quarvelle {
 
-/// A text box that tells of each key released in it, once however long the key was held, and of edits that no
-/// release in it will tell of (pasting or dropping with the mouse, leaving the box with the
-/// key still down). Up and Down are its own, whatever is around it. While it hasn't the keyboard it shows how
-/// its text begins, and the whole of a longer one as its tooltip. The mouse pointer hides from the typing.
+/// A text box that emits `keyReleased` for each key released in it: once, however long the key was held. It
+/// does so too for an edit without such a release: text pasted or dropped with the mouse, or a key still held
+/// down when the box loses the keyboard. It keeps Up and Down to itself. Without the keyboard it shows the
+/// beginning of its text, and a tooltip with all of a text that is too long. Typing hides the mouse pointer.
 class EntryBox : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(int typedLimit READ typedLimit WRITE setTypedLimit)
@@ -16,18 +16,18 @@ class EntryBox : public QLineEdit {
 public:
     explicit EntryBox(QWidget* parent = nullptr);
 
-    /// How many characters a person may enter. Text that the program sets may be longer and stays whole.
+    /// How many characters a person may enter. Text that the program sets may be longer, and is kept whole.
     int typedLimit() const { return m_typedLimit; }
     void setTypedLimit(int characters);
 
-    /// Replaces the text; nothing is told.
+    /// Replaces the text without a signal.
     void setProgramText(const std::string& text);
 
-    /// The number that the text begins with; 0 where there is none.
+    /// The number that the text begins with; 0 if it begins with none.
     double number() const;
 
 signals:
-    /// With `KeyCode::none` for an edit without a key.
+    /// `keyCode` is `KeyCode::none` for an edit without a key released.
     void keyReleased(int keyCode);
 
 protected:

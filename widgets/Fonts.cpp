@@ -8,11 +8,11 @@ namespace {
 
 QFont sansSerif(int pixelSize) {
     QFont font;
-    // Outlines only: the bitmap font that has the first one's look can be neither enlarged nor printed.
+    // Outline fonts only: the bitmap font that looks like the first can be neither enlarged nor printed.
     font.setFamilies({"Microsoft Sans Serif", "Liberation Sans", "Arial", "Helvetica", "sans-serif"});
     font.setStyleHint(QFont::SansSerif);
-    // Sharp from top to bottom, and of the outline's own width: on some systems any other text is laid out in
-    // fractions of a pixel and drawn at whole ones, so that words run together.
+    // Hinted in height only, so that letters keep the width of their outlines: with any other hinting, some
+    // systems lay text out in fractions of a pixel but draw it at whole ones, and words run together.
     font.setHintingPreference(QFont::PreferVerticalHinting);
     font.setPixelSize(pixelSize);
     return font;
@@ -26,7 +26,7 @@ QFont controlFont() {
 
 QFont boardFont() {
     QFont font = sansSerif(13);
-    // Digits of one width line up; kerning would pull the ones in 11 and 111 together.
+    // Digits line up because all have the same width; kerning would pull the ones of 11 and 111 together.
     font.setKerning(false);
     return font;
 }

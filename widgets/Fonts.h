@@ -4,16 +4,17 @@
 
 namespace quarvelle {
 
-/// The font of every control: 8.25 points at 96 dots an inch, sized in pixels because the layout is.
+/// The font of every control: 8.25 points at 96 dots per inch. Its size is in pixels, like the layout's.
 QFont controlFont();
 
-/// The drawing surface's font: 9.75 points.
+/// The font of the numbers on a board: 9.75 points.
 QFont boardFont();
 
-/// A font of the nearest size, since sizes are whole pixels; what is to have an exact width is stretched.
+/// The font enlarged by `factor`, in the nearest whole number of pixels. Texts that need an exact width have
+/// to be stretched as well.
 QFont enlarged(QFont font, double factor);
 
-/// The font of what stands beside a board: 7.5 points.
+/// The font of the notes beside a board: 7.5 points.
 QFont noteFont();
 
 } // namespace quarvelle

@@ -9,7 +9,8 @@ namespace quarvelle {
 
 namespace {
 
-/// A key that is held down says again what it said before.
+/// Whether the person has just done something. The repeats of a key held down don't count: the message may be
+/// the answer to that very key.
 bool isDoing(const QEvent& event) {
     switch (event.type()) {
     case QEvent::KeyPress:
@@ -37,7 +38,7 @@ FootLine::FootLine(QWidget& parent) : QStatusBar(&parent), m_bar(*new QProgressB
     addWidget(&m_bar, 1);
 }
 
-/// Shows the line, or hides it where it has nothing to say.
+/// Shows the line if it has something to show, and hides it otherwise.
 void FootLine::appear() {
     const QSize room = parentWidget()->size();
     const int height = sizeHint().height();

@@ -7,21 +7,24 @@ class QProgressBar;
 
 namespace quarvelle {
 
-/// The line at the window's foot: says what has happened, and how far long work has come. It lies over the
-/// pages and is there only while it has something to say, so it neither takes room from them nor moves them.
+/// The line at the foot of the window, which shows messages and the progress of long work. It covers the
+/// lower edge of the page, and only while it has something to show, so the page never moves or changes its
+/// size.
 class FootLine : public QStatusBar {
     Q_OBJECT
 
 public:
-    /// Lies along the lower edge of `parent`.
+    /// Becomes a child of `parent`, along its lower edge.
     explicit FootLine(QWidget& parent);
 
-    /// Says `text` until the next thing that the person does, with whatever they do it.
+    /// Shows `text` until the person next presses a key or a mouse button, turns the wheel or touches the
+    /// screen.
     void say(const QString& text);
 
-    /// Work on that many sheets begins. A bar shows how many are done once the work has taken a second.
+    /// Work on that many sheets begins. After one second a bar shows how many of them are done.
     void beginSheets(int sheets);
     void showDone(int sheets);
+    /// The work has ended: takes the bar away.
     void endSheets();
 
 protected:

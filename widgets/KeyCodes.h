@@ -4,7 +4,7 @@ class QKeyEvent;
 
 namespace quarvelle {
 
-/// The key codes that handlers are given.
+/// The key codes passed to handlers.
 namespace KeyCode {
 inline constexpr int none = 0; ///< a key with no meaning of its own, or an edit made without a key
 inline constexpr int enter = 13;

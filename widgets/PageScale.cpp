@@ -14,8 +14,9 @@ namespace quarvelle {
 
 namespace {
 
-/// Draws an element of a control in units that are whole device pixels, so that its lines are equally thick
-/// on all sides and sharp. On a picture that knows its unit, since styles keep what they draw as pictures.
+/// Draws an element of a control in units of whole device pixels, so that its lines are sharp and equally
+/// thick on all sides. It draws onto a picture whose pixel ratio is the unit, because styles cache what they
+/// draw as pictures for a pixel ratio.
 template <class Option, class Draw>
 void drawInUnits(const Option& option, QPainter& painter, double factor, const Draw& draw) {
     const double ratio = painter.device()->devicePixelRatio();
@@ -55,7 +56,7 @@ void PageScale::setFactor(double factor) {
     m_pages.setFont(enlarged(controlFont(), factor));
     for (int index = 0; index < m_pages.count(); ++index) {
         QWidget* page = m_pages.widget(index);
-        // A page that fills the area to the last pixel must not be a hair larger than it.
+        // Rounded down: a page that just fits must not be a pixel too large and bring up scroll bars.
         const QSizeF size = QSizeF(m_pageSizes[page]) * factor;
         page->setMinimumSize(qFloor(size.width() + 1e-6), qFloor(size.height() + 1e-6));
         QEvent change(QEvent::StyleChange);
@@ -94,7 +95,7 @@ void PageScale::setPlace(QWidget& widget, const QRect& place) {
     }
 }
 
-/// Edges are rounded, not sizes: controls that touch at 100 % touch at every factor.
+/// Rounds edges, not sizes, so that controls that touch at 100 % touch at every factor.
 QRect PageScale::shown(const QRect& place) const {
     const QPointF corner = QPointF(place.topLeft()) * m_factor;
     const QPointF end = QPointF(place.left() + place.width(), place.top() + place.height()) * m_factor;

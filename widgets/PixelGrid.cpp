@@ -15,7 +15,8 @@ struct Axis {
     double origin;
     int thickness;
 
-    /// The device pixel that a pixel begins at. What lies halfway goes one way however it was worked out.
+    /// The device pixel that a pixel begins at. The small term rounds a value halfway between two always up,
+    /// in spite of rounding errors.
     int begin(int pixel) const { return qFloor(pixel * scale + origin + 0.5 + 1e-6); }
 
     int first(int pixel, bool isLine) const {

@@ -8,28 +8,28 @@
 
 namespace quarvelle {
 
-/// The toolkit's event queue, on the user-interface thread. The engine offers a turn every few hundred
-/// nanoseconds, and an empty turn of the toolkit takes microseconds; so a turn that comes within
-/// `turnInterval` of the last one only looks at the clock.
+/// Qt's event queue, on the thread of the user interface. The engine yields every few hundred nanoseconds,
+/// while Qt takes microseconds to find that there are no events. So a `yield` within `turnInterval` of the
+/// last time Qt handled events only looks at the clock.
 class QtEventQueue final : public EventQueue {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// How long a waiting event may stay unseen, the engine's own longest stretch apart.
+    /// The longest that an event waits while the engine yields often.
     static constexpr Clock::duration turnInterval = std::chrono::milliseconds(4);
 
-    /// `now` tells the time and never goes back.
+    /// `now` returns the time, which never goes back.
     explicit QtEventQueue(std::function<Clock::time_point()> now = Clock::now) : m_now(std::move(now)) {}
 
     void yield() override;
 
-    /// Always goes to the toolkit, and so does the first `yield` that follows: what happens next answers an
-    /// event.
+    /// Always lets Qt handle events, and so does the next `yield`: whatever runs then was caused by an event,
+    /// and should be shown without delay.
     void wait() override;
 
 private:
     std::function<Clock::time_point()> m_now;
-    Clock::time_point m_nextTurn = Clock::time_point::min(); ///< earlier yields stay with the clock
+    Clock::time_point m_nextTurn = Clock::time_point::min(); ///< before this, `yield` handles no events
 };
 
 } // namespace quarvelle

@@ -15,16 +15,16 @@ Zoom::Zoom(QScrollArea& client, PageScale& scale) : QObject(&client), m_client(c
 
 void Zoom::fit() {
     m_fits = true;
-    // Scroll bars that are there now won't be.
+    // A page that fits has no scroll bars, so it may have the room of those there are now.
     const QSizeF client = m_client.maximumViewportSize();
     show(std::min(client.width() / PageScale::wholePage.width(),
                   client.height() / PageScale::wholePage.height()));
 }
 
-/// To the next quarter.
+/// Goes to the next quarter.
 void Zoom::step(int direction) {
     constexpr double perUnit = 4;
-    constexpr double shortest = 0.1; // A smaller step than this would hardly be seen.
+    constexpr double shortest = 0.1; // a smaller step would hardly be seen
     const double quarters = m_scale.factor() * perUnit + direction * shortest;
     m_fits = false;
     show((direction > 0 ? std::ceil(quarters) : std::floor(quarters)) / perUnit);

@@ -8,8 +8,8 @@ namespace quarvelle {
 
 class PageScale;
 
-/// Chooses the factor of the pages: the largest at which a whole page fits into the client area, or another
-/// one that a person chose until the program ends or they go back to the fitting one.
+/// Chooses the factor of the pages: the largest at which a whole page fits into the client area, unless the
+/// person has chosen another. Theirs holds until they ask for the fitting one again, or the program ends.
 class Zoom : public QObject {
     Q_OBJECT
 
