@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <gtest/gtest.h>
-#include <tuple>
 
 #include "engine/MagicArithmetic.h"
 #include "engine/ProgramState.h"
+#include "tests/support/UntilFailure.h"
 
 namespace quarvelle::testing {
 
@@ -16,13 +15,13 @@ TEST(BoardGeometry, FollowsOrderAndNumbers) {
         {29, 1, 1, 24, 29},        {31, 1, 1, 24, 31},    {5, -500, 58, 32, 5},  {5, -500, 100, 40, 5},
         {5, -0.3, 0.1, 32, 5},     {5, -2.4, 0.1, 32, 5}, {5, -1000, -1, 40, 5}, {29, 1, 1e14, 56, 13},
         {5, 1e200, -1e199, 72, 5}, {5, 1, 1e199, 64, 5},  {32749, 1, 1, 80, 9}};
-    for (const auto& [n, s, d, cellWidth, columns] : rows) {
+    for (const auto& [n, s, d, cellWidth, columns] : rows | untilFailure) {
+        SCOPED_TRACE(::testing::PrintToString(std::tuple(n, s, d)));
         ProgramState state;
         state.squareSize = n;
         state.startNumber = s;
         state.distance = d;
         const BoardGeometry board = boardGeometry(state);
-        SCOPED_TRACE(s);
         EXPECT_EQ(board.cellWidth, cellWidth);
         EXPECT_EQ(board.visibleColumns, columns);
         EXPECT_EQ(board.visibleRows, std::min<int>(n, 29));

@@ -9,6 +9,7 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QTest>
+#include <stdexcept>
 
 #include "app/Program.h"
 #include "board/BoardPage.h"
@@ -19,7 +20,7 @@
 #include "ui/MainPage.h"
 #include "ui/PropertiesPage.h"
 
-/// What failures show of the toolkit's values.
+/// What failures show of Qt's values.
 template <class Value>
 requires(std::is_same_v<Value, QString> || std::is_same_v<Value, QRect> ||
          std::is_same_v<Value, QPoint>) void PrintTo(const Value& value, std::ostream* out) {
@@ -41,6 +42,12 @@ protected:
         window().show();
         window().activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+        events.onFailure = [this, turns = 0]() mutable {
+            state().stopRequested = Request::stop;
+            // Nothing else ends a run that is deaf to that.
+            if (++turns > 100)
+                throw std::runtime_error("the run doesn't end");
+        };
     }
 
     MainWindow& window() { return program->window(); }
@@ -92,6 +99,15 @@ protected:
     FakePrinter printer;
     ScreenReader reader;
     std::unique_ptr<Program> program = std::make_unique<Program>(random, events, &printer);
+};
+
+/// How things look in a window of any size; run at other scales of the screen, too.
+class LookTest : public WindowFixture {
+protected:
+    LookTest() { window().setWindowState(Qt::WindowNoState); }
+
+    /// Resizes the window so that its pages have a room of that size.
+    void makeRoom(QSizeF size) { window().resize(size.toSize() + QSize(0, window().menuBar()->height())); }
 };
 
 } // namespace quarvelle::testing
