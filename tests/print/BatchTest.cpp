@@ -1,9 +1,15 @@
 #include <QAbstractEventDispatcher>
 #include <QProgressBar>
 
-#include "tests/print/BatchFixture.h"
+#include "tests/support/WindowFixture.h"
+#include "widgets/FootLine.h"
 
 namespace quarvelle::testing {
+
+class BatchTest : public WindowFixture {
+protected:
+    QString foot() { return window().foot().isVisible() ? window().foot().currentMessage() : ""; }
+};
 
 /// "P" or "A", the number of the sheet, a colon and the first square on it, for each.
 static std::string sheetsOf(const FakePrinter& printer, const ProgramState& state) {

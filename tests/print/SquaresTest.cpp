@@ -1,7 +1,8 @@
 #include <QFontMetricsF>
 
+#include "board/Pieces.h"
 #include "engine/MagicArithmetic.h"
-#include "tests/print/BatchFixture.h"
+#include "tests/support/WindowFixture.h"
 #include "widgets/Fonts.h"
 
 namespace quarvelle::testing {
@@ -21,20 +22,16 @@ struct PrintedBatch {
 
     std::string size() const { return numberText(order) + " by " + numberText(order); }
     std::size_t views() const { return mode == PuzzleMode::both ? 2 : 1; }
-    std::string kind() const {
-        const std::array<const char*, 3> kinds{"squares", "puzzles", "puzzles and answers"};
-        return kinds[static_cast<std::size_t>(mode)];
-    }
-    std::string caption(std::size_t view, std::size_t sheet, const QString& note, double first) const {
-        const char* const name = mode == PuzzleMode::answers ? "Squares" : view == 0 ? "Puzzles" : "Answers";
-        return name + std::string(", sheet ") + std::to_string(sheet) + note.toStdString() + " · " + size() +
-               (*random ? " · first numbers from " : " · first number ") + numberText(first) +
-               " · distance " + distance + (mode == PuzzleMode::answers ? "" : " · challenging") +
-               " · 2026-11-23";
+    std::string caption(std::size_t i, const QString& note, double first) const {
+        const char* const names[] = {"Squares", "Puzzles", i % 2 == 0 ? "Puzzles" : "Answers"};
+        return names[mode] + std::string(", sheet ") + std::to_string(i / views() + 1) + note.toStdString() +
+               " · " + size() + (*random ? " · first numbers from " : " · first number ") +
+               numberText(first) + " · distance " + distance +
+               (mode == PuzzleMode::answers ? "" : " · challenging") + " · 2026-11-23";
     }
 };
 
-class SquaresTest : public BatchTest {
+class SquaresTest : public WindowFixture {
 protected:
     void printBatch(const PrintedBatch& batch) {
         for (QCheckBox* box : window().findChildren<QCheckBox*>())
@@ -47,53 +44,48 @@ protected:
         type(page().Text3, "300");
         type(page().text4, batch.start);
         type(page().Text5, batch.distance);
-        print(numberText(batch.order).c_str(), batch.count);
+        print(QString::number(batch.order), batch.count);
     }
 
     /// The squares of a view, in order, their pieces put together and with the notes of their captions.
     std::vector<ShownBoard> squaresOf(const PrintedBatch& batch, std::size_t view) {
-        const int columns = state().visibleColumns, rows = state().visibleRows;
-        const int across = (batch.order + columns - 1) / columns;
-        const int pieces = across * ((batch.order + rows - 1) / rows);
+        const Pieces pieces(state());
         std::vector<ShownBoard> squares;
-        int piece = 0;
+        int boards = 0;
         for (std::size_t i = view; i < printer.sheets.size() && !HasFailure(); i += batch.views()) {
             const FakePrinter::Printed& sheet = printer.sheets[i];
             const QString note = QString::fromStdString(sheet.caption).section(" · ", 1, 1);
-            EXPECT_EQ(sheet.caption, batch.caption(view, i / batch.views() + 1,
-                                                   pieces > 1 ? " · " + note : "", state().startNumber));
+            const QString ofPiece = pieces.count() > 1 ? " · " + note : "";
+            EXPECT_EQ(sheet.caption, batch.caption(i, ofPiece, state().startNumber));
+            EXPECT_LT(sheet.content.width() * sheet.scale, 277.01);
+            EXPECT_LT(sheet.content.height() * sheet.scale, 183.66);
             for (const ShownBoard& board : boardsOf(sheet.drawing, state())) {
-                const Place at{piece % across, piece / across};
-                expectInPlace(sheet, board, pieces > 1 ? at : Place{-1, -1});
+                const int piece = boards++ % pieces.count();
+                const Place at{piece % pieces.across(), piece / pieces.across()};
+                EXPECT_TRUE(sheet.content.contains(board.area));
+                pieces.count() > 1 ? expectNamed(sheet, board.label, at) : expectNoted(board);
                 if (piece == 0)
                     squares.push_back({board.area, board.label});
-                ShownBoard& square = squares.back();
-                if (pieces > 1)
-                    square.label.text = note;
+                if (pieces.count() > 1)
+                    squares.back().label.text = note;
                 const auto inSquare = [&](Place place) {
-                    return Place{at.across * columns + place.across, at.down * rows + place.down};
+                    return Place{at.across * pieces.cellsAcross() + place.across,
+                                 at.down * pieces.cellsDown() + place.down};
                 };
                 for (const auto& [place, number] : board.numbers)
-                    square.numbers[inSquare(place)] = number;
+                    squares.back().numbers[inSquare(place)] = number;
                 for (const Place& place : board.shaded)
-                    square.shaded.insert(inSquare(place));
-                piece = (piece + 1) % pieces;
+                    squares.back().shaded.insert(inSquare(place));
             }
         }
         return squares;
     }
 
-    /// The board lies on the sheet, and its label below it, or right of it for a piece.
-    void expectInPlace(const FakePrinter::Printed& sheet, const ShownBoard& board, Place piece) {
-        EXPECT_LT(sheet.content.width() * sheet.scale, 277.01);
-        EXPECT_LT(sheet.content.height() * sheet.scale, 183.66);
-        EXPECT_TRUE(sheet.content.contains(board.area));
-        const TextAtPoint& label = board.label;
-        if (piece.across < 0) {
-            const QPoint below = board.area.bottomLeft() + QPoint(0, 2);
-            EXPECT_TRUE(label == TextAtPoint(below, label.text, board.area.width(), TextStyle::note));
-            return;
-        }
+    void expectNoted(const ShownBoard& board) {
+        const QPoint below = board.area.bottomLeft() + QPoint(0, 2);
+        EXPECT_TRUE(board.label == TextAtPoint(below, board.label.text, board.area.width(), TextStyle::note));
+    }
+    void expectNamed(const FakePrinter::Printed& sheet, const TextAtPoint& label, Place piece) {
         const int left = 14 + static_cast<int>(state().cellWidth) * state().visibleColumns;
         EXPECT_EQ(label.text, QString("%1,%2").arg(piece.across + 1).arg(piece.down + 1));
         EXPECT_EQ(label.point, QPoint(left, 8));
@@ -106,10 +98,11 @@ protected:
         const auto shown = squaresOf(batch, 0), answered = squaresOf(batch, batch.views() - 1);
         ASSERT_EQ(std::ssize(shown), batch.count);
         ASSERT_EQ(std::ssize(answered), batch.count);
+        const auto cells = static_cast<std::size_t>(batch.order * batch.order);
         double highest = state().startNumber;
         for (std::size_t i = 0; i < shown.size() && !HasFailure(); ++i) {
             const auto& [area, note, numbers, shaded] = answered[i];
-            const auto blanks = static_cast<std::size_t>(batch.order * batch.order) - shown[i].numbers.size();
+            const std::size_t blanks = cells - shown[i].numbers.size();
             EXPECT_EQ(blanks > 0, batch.mode != PuzzleMode::answers);
             EXPECT_EQ(shaded.size(), batch.mode == PuzzleMode::both && batch.shades ? blanks : 0);
             double start = state().startNumber;
@@ -132,6 +125,7 @@ protected:
 };
 
 TEST_F(SquaresTest, AreWhatTheTitleCountsDown) {
+    const std::string kinds[] = {"squares", "puzzles", "puzzles and answers"};
     constexpr int answers = PuzzleMode::answers, puzzles = PuzzleMode::puzzles;
     const PrintedBatch batches[] = {
         {.mode = answers, .distance = "5000", .count = 11, .sheets = 2, .cell = 18},
@@ -147,12 +141,13 @@ TEST_F(SquaresTest, AreWhatTheTitleCountsDown) {
         {.order = 23, .distance = "20", .count = 2, .sheets = 8, .cell = 14.05},
         {.order = 101, .sheets = 48, .cell = 14.05}};
     for (const PrintedBatch& batch : batches | untilFailure) {
-        SCOPED_TRACE(batch.kind() + " from " + batch.start + ", " + batch.size());
+        const std::string& kind = kinds[batch.mode];
+        SCOPED_TRACE(kind + " from " + batch.start + ", " + batch.size());
         random = ScriptedRandom({0.999, 0.999}); // the highest start
         events.onYield = [&](int) {
             EXPECT_EQ(title(), "Creating (" + batch.size() + ") Complete Magic Square(s): " +
                                    numberText(batch.count - state().squaresSolved) + " out of " +
-                                   numberText(batch.count) + ' ' + batch.kind() + " left to print.");
+                                   numberText(batch.count) + ' ' + kind + " left to print.");
         };
         printBatch(batch);
         EXPECT_EQ(state().squaresSolved, batch.count);

@@ -114,7 +114,7 @@ struct Literal {
         const int kind = chooseKind();
         if (s.placeIndex == 0) {
             s.probeKind = kind;
-            s.probeAnchorRow = s.anchorRow, s.probeAnchorCol = s.anchorCol;
+            std::tie(s.probeAnchorRow, s.probeAnchorCol) = std::tie(s.anchorRow, s.anchorCol);
         } else if (!placeThrough(kind)) {
             s.lineRejected[kind] = 1;
             return false;
@@ -159,7 +159,7 @@ struct Literal {
             if (placeAnywhere())
                 return true;
             const Cell next = moved(candidate(), {1, s.anchorRow / s.squareSize});
-            s.anchorRow = next.row, s.anchorCol = next.column;
+            std::tie(s.anchorRow, s.anchorCol) = std::tie(next.row, next.column);
         }
         return false;
     }

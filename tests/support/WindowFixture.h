@@ -92,6 +92,12 @@ protected:
         type(page().Text5, distance);
     }
 
+    void print(const QString& order, int count) {
+        type(page().Text2, order);
+        type(page().Text1, QString::number(count));
+        click(page().Command1);
+    }
+
     void click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
 
     ScriptedRandom random;

@@ -35,17 +35,16 @@ TEST_F(WindowFixture, MainPageFollowsItsBoxesAndTheMenu) {
 }
 
 TEST_F(WindowFixture, ArrowsStepTheSizeFromPrimeToPrime) {
-    const std::tuple<const char*, Qt::Key, const char*> rows[] = {
-        {"9", Qt::Key_Down, "7"},   {"9", Qt::Key_Up, "11"},  {"5", Qt::Key_Down, "5"},
-        {"5", Qt::Key_Up, "7"},     {"", Qt::Key_Down, ""},   {"", Qt::Key_Up, "5"},
-        {"-1", Qt::Key_Down, "-1"}, {"-1", Qt::Key_Up, "-1"}, {"5.5", Qt::Key_Down, "5.5"},
-        {"5.5", Qt::Key_Up, "5.5"}};
-    for (const auto& [typed, key, shown] : rows | untilFailure) {
-        type(page().Text2, typed);
-        pressKey(key, {}, {}, true);
-        pressKey(key);
-        EXPECT_EQ(page().Text2->text(), shown) << "from " << typed;
-    }
+    // Typed, and what Down and Up make of it.
+    const char* const rows[][3] = {
+        {"9", "7", "11"}, {"5", "5", "7"}, {"", "", "5"}, {"-1", "-1", "-1"}, {"5.5", "5.5", "5.5"}};
+    for (const auto& [typed, below, above] : rows | untilFailure)
+        for (const auto& [key, shown] : {std::pair{Qt::Key_Down, below}, {Qt::Key_Up, above}}) {
+            type(page().Text2, typed);
+            pressKey(key, {}, {}, true);
+            pressKey(key);
+            EXPECT_EQ(page().Text2->text(), shown) << "from " << typed;
+        }
 }
 
 TEST_F(WindowFixture, StartsAfreshOnlyWhenItIsFirstShown) {

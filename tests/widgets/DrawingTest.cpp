@@ -74,16 +74,10 @@ static Line marksOn(const QImage& picture, QPoint arm) {
 TEST_F(WindowFixture, PicturesMarkWholeLinesOfTheirProperty) {
     window().setWindowState(Qt::WindowNoState);
     window().resize(PageScale::wholePage);
-    const struct {
-        const char* name;
-        std::array<int, 4> modes; ///< of its property; of none for a diagonal
-        int plusSigns = 0;        ///< lines marked with them
-    } pictures[] = {
-        // clang-format off
-        {"Picture1", {}}, {"Picture2", {}}, {"Picture3", {1, 0, 0, 0}, 1}, {"Picture6", {0, 0, 1, 0}, 1},
-        {"Picture5", {0, 1, 0, 0}}, {"Picture4", {0, 0, 0, 1}},
-        // clang-format on
-    };
+    // The modes of its property, none for a diagonal, and how many lines are marked with plus signs.
+    const std::tuple<const char*, std::array<int, 4>, int> pictures[] = {
+        {"Picture1", {}, 0},           {"Picture2", {}, 0},           {"Picture3", {1, 0, 0, 0}, 1},
+        {"Picture6", {0, 0, 1, 0}, 1}, {"Picture5", {0, 1, 0, 0}, 0}, {"Picture4", {0, 0, 0, 1}, 0}};
     for (const auto& [name, modes, plusSigns] : pictures | untilFailure) {
         SCOPED_TRACE(name);
         const bool isDiagonal = modes == std::array<int, 4>{};
@@ -92,9 +86,8 @@ TEST_F(WindowFixture, PicturesMarkWholeLinesOfTheirProperty) {
         EXPECT_EQ(lines.count(marksOn(picture, {3, 3})), 1);
         EXPECT_EQ(lines.count(marksOn(picture, {4, 0})), plusSigns);
         for (int line = 0; line <= 5; ++line)
-            EXPECT_TRUE(picture.pixelColor(4 + 24 * line, 90) == Qt::black &&
-                        picture.pixelColor(120, 3 + 18 * line) == Qt::black)
-                << line;
+            for (const QPoint& inside : {QPoint(4 + 24 * line, 90), QPoint(120, 3 + 18 * line)})
+                EXPECT_EQ(picture.pixelColor(inside), QColor(Qt::black)) << "line " << line;
     }
 }
 
