@@ -1,15 +1,10 @@
 #!/usr/bin/env bash
-# Tells which includes don't run up the table of folders: from a folder to one below it, or between practice/ and print/,
-# which stand side by side.
+# Tells the includes that run down the table of folders, or between practice/ and print/, which stand side by side.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-wrong=0
-below="practice print app"
-for folder in ui board widgets engine; do
-    git grep -nE "^#include \"(${below// /|})/" -- "$folder" && wrong=1
-    below="$folder $below"
+for rule in "engine may not include widgets|board|ui|practice|print|app" "widgets may not include board|ui|practice|print|app" \
+    "board may not include ui|practice|print|app" "ui may not include practice|print|app" \
+    "practice may not include print|app" "print may not include practice|app"; do
+    ! git grep -nE "^#include \"(${rule##* })/" -- "${rule%% *}" || found="$rule"
 done
-git grep -nE '^#include "(print|app)/' -- practice && wrong=1
-git grep -nE '^#include "(practice|app)/' -- print && wrong=1
-((wrong == 0)) || echo "These includes run down the table of folders, or across it." >&2
-exit $wrong
+[[ -z ${found-} ]] || { echo "$found" >&2 && exit 1; }

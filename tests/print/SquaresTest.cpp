@@ -63,7 +63,7 @@ protected:
                 const int piece = boards++ % pieces.count();
                 const Place at{piece % pieces.across(), piece / pieces.across()};
                 EXPECT_TRUE(sheet.content.contains(board.area));
-                pieces.count() > 1 ? expectNamed(sheet, board.label, at) : expectNoted(board);
+                expectLabel(sheet, board, pieces.count() > 1, at);
                 if (piece == 0)
                     squares.push_back({board.area, board.label});
                 if (pieces.count() > 1)
@@ -81,15 +81,16 @@ protected:
         return squares;
     }
 
-    void expectNoted(const ShownBoard& board) {
-        const QPoint below = board.area.bottomLeft() + QPoint(0, 2);
-        EXPECT_TRUE(board.label == TextAtPoint(below, board.label.text, board.area.width(), TextStyle::note));
-    }
-    void expectNamed(const FakePrinter::Printed& sheet, const TextAtPoint& label, Place piece) {
-        const int left = 14 + static_cast<int>(state().cellWidth) * state().visibleColumns;
-        EXPECT_EQ(label.text, QString("%1,%2").arg(piece.across + 1).arg(piece.down + 1));
-        EXPECT_EQ(label.point, QPoint(left, 8));
-        EXPECT_GE(sheet.content.right() - left, QFontMetricsF(boardFont()).horizontalAdvance(label.text));
+    /// A square's note stands below it, a piece's label right of where the widest ends.
+    void expectLabel(const FakePrinter::Printed& sheet, const ShownBoard& board, bool isPiece, Place at) {
+        const TextAtPoint& label = board.label;
+        const int right = 14 + static_cast<int>(state().cellWidth) * state().visibleColumns;
+        EXPECT_EQ(label.point, isPiece ? QPoint(right, 8) : board.area.bottomLeft() + QPoint(0, 2));
+        EXPECT_EQ(label.room.value_or(0), isPiece ? 0 : board.area.width());
+        EXPECT_EQ(label.text,
+                  isPiece ? QString("%1,%2").arg(at.across + 1).arg(at.down + 1) : board.label.text);
+        const double width = isPiece ? QFontMetricsF(boardFont()).horizontalAdvance(label.text) : 0;
+        EXPECT_GE(sheet.content.right() - label.point.x(), width);
     }
 
     /// The squares printed are complete, the numbers of the puzzles are theirs, and the highest start was
