@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "engine/MagicArithmetic.h"
-#include "tests/support/PlayFixture.h"
+#include "tests/support/WindowFixture.h"
 
 namespace quarvelle::testing {
 
@@ -28,8 +28,9 @@ TEST(BoardGeometry, FollowsOrderAndNumbers) {
     }
 }
 
-TEST_F(PlayFixture, BoardIsATableToAScreenReader) {
-    play([&] {
+TEST_F(WindowFixture, BoardIsATableToAScreenReader) {
+    QAccessibleInterface* const heard = heardBoard();
+    play({{2, 1}}, [&] {
         pressKey(Qt::Key_Home);
         EXPECT_TRUE(heard->focusChild()->state().focused);
         heard->focusChild()->actionInterface()->doAction(QAccessibleActionInterface::pressAction());

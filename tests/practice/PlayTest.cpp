@@ -1,14 +1,14 @@
-#include "tests/support/PlayFixture.h"
+#include "tests/support/WindowFixture.h"
 
 namespace quarvelle::testing {
 
-class PlayTest : public PlayFixture {
+class PlayTest : public WindowFixture {
 protected:
     /// The selected cell on the screen, its grid lines included.
-    QRect selectedArea() { return board.shown(board.cellArea(selectedPlace(state()))).toRect(); }
+    QRect selectedArea() { return board().shown(board().cellArea(selectedPlace(state()))).toRect(); }
 
     QRect inkInSelectedCell() {
-        const QImage seen = board.grab(selectedArea().adjusted(4, 4, -4, -4)).toImage();
+        const QImage seen = board().grab(selectedArea().adjusted(4, 4, -4, -4)).toImage();
         return boundsOf(seen.convertToFormat(QImage::Format_Mono, Qt::ThresholdDither), Qt::black);
     }
 
@@ -62,8 +62,7 @@ TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
         {Qt::Key_3, {}, {5, 1}, "3"}, {Qt::Key_Home, {}, {5, 1}, "3"}, {Qt::Key_Left, {}, {1, 1}, closed},
         // clang-format on
     };
-    blanks = {{1, 1}, {5, 1}, {2, 5}, {5, 5}};
-    play([&] {
+    play({{1, 1}, {5, 1}, {2, 5}, {5, 5}}, [&] {
         pressKey(Qt::Key_Return, {}, {}, true);
         EXPECT_TRUE(answerBox().isHidden()) << "the key that started the run is still down";
         for (const auto& row : rows | untilFailure) {
@@ -73,11 +72,11 @@ TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
             EXPECT_TRUE(selectedPlace(state()) == row.place);
             EXPECT_EQ(answerBox().isVisible(), row.typed != nullptr);
             EXPECT_EQ(answerBox().text(), row.typed);
-            auto* cell = heard->tableInterface()->cellAt(row.place.down - 1, row.place.across - 1);
+            auto* cell = heardBoard()->tableInterface()->cellAt(row.place.down - 1, row.place.across - 1);
             auto* box = QAccessible::queryAccessibleInterface(&answerBox());
             EXPECT_EQ(reader.focus, row.typed ? box : cell);
             const QRect area = selectedArea();
-            const QImage seen = board.grab(area).toImage();
+            const QImage seen = board().grab(area).toImage();
             EXPECT_TRUE(seen.pixelColor(9, 0) == Qt::black &&
                         seen.pixelColor(area.width() - 1, 9) == Qt::black)
                 << "the grid";
@@ -92,7 +91,7 @@ TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
 TEST_F(PlayTest, TellsWhatHappens) {
     bool isSolved = false;
     const auto player = [&] {
-        EXPECT_EQ(reader.nameOf(heard), "Puzzle of 5 by 5 cells");
+        EXPECT_EQ(reader.nameOf(heardBoard()), "Puzzle of 5 by 5 cells");
         EXPECT_EQ(reader.news.section(": ", 0, 0),
                   (isSolved ? "Solved. " : "") + QString("New square of 5 by 5. Blanks"));
         if (isSolved)
@@ -113,9 +112,9 @@ TEST_F(PlayTest, TellsWhatHappens) {
     };
     enter("5", "-12", "1");
     for (int run = 0; run < 2; ++run) {
-        EXPECT_EQ(reader.nameOf(heard), "Empty board");
+        EXPECT_EQ(reader.nameOf(heardBoard()), "Empty board");
         isSolved = false;
-        play(player);
+        play({{2, 1}, {5, 1}, {2, 4}, {4, 4}}, player);
     }
 }
 

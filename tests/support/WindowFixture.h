@@ -58,6 +58,8 @@ protected:
     QMenu* menu(const char* name) { return window().findChild<QMenu*>(name); }
     QStackedWidget* allPages() { return window().findChild<QStackedWidget*>("pages"); }
     QScrollArea* client() { return window().findChild<QScrollArea*>("client"); }
+    BoardPage& board() { return window().boardPage(); }
+    QAccessibleInterface* heardBoard() { return QAccessible::queryAccessibleInterface(&board()); }
     EntryBox& answerBox() { return window().boardPage().answerBox(); }
     std::string title() { return window().windowTitle().toStdString(); }
 
@@ -96,6 +98,26 @@ protected:
         type(page().Text2, order);
         type(page().Text1, QString::number(count));
         click(page().Command1);
+    }
+
+    /// A run of practice. Lets the player act when the first square has come, which gets these blanks, and
+    /// again whenever the run would wait, until they quit.
+    void play(const std::set<Place>& blanks, const std::function<void()>& player) {
+        bool isFirst = true;
+        events.onWait = [&] {
+            if (isFirst) {
+                isFirst = false;
+                state().puzzle = state().square;
+                for (const Place& place : blanks)
+                    cellAt(state().puzzle, cellOf(place)) = emptyMarker;
+                state().remainingBlanks = static_cast<int>(blanks.size()) + 1;
+            }
+            player();
+        };
+        page().Command4->click(); // which doesn't give it the keyboard
+        EXPECT_EQ(state().currentPage, Page::main);
+        EXPECT_EQ(window().focusWidget(), page().Command4);
+        EXPECT_TRUE(command("chooseproperties")->isEnabled()) << "the way to the properties";
     }
 
     void click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }

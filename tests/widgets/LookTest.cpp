@@ -103,16 +103,11 @@ TEST_F(LookTest, PagesAreAlikeAtEveryFactor) {
 }
 
 TEST_F(LookTest, PagesAreAsLargeAsTheyFitOrAsChosen) {
-    const struct {
-        const char* item;
-        int times;
-        QSize room;
-        double factor;
-    } rows[] = {{"zoomfit", 0, {1140, 2000}, 1.5},
-                {"zoomfit", 0, {2000, 810}, 1.5},
-                {"zoomin", 20, {2000, 1080}, 4},
-                {"zoomout", 2, {2000, 1080}, 3.5},
-                {"zoomfit", 1, {2000, 1080}, 2}};
+    const std::tuple<const char*, int, QSize, double> rows[] = {{"zoomfit", 0, {1140, 2000}, 1.5},
+                                                                {"zoomfit", 0, {2000, 810}, 1.5},
+                                                                {"zoomin", 20, {2000, 1080}, 4},
+                                                                {"zoomout", 2, {2000, 1080}, 3.5},
+                                                                {"zoomfit", 1, {2000, 1080}, 2}};
     for (const auto& [item, times, room, factor] : rows | untilFailure) {
         for (int time = 0; time < times; ++time)
             command(item)->trigger();
