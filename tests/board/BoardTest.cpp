@@ -38,8 +38,8 @@ TEST_F(WindowFixture, BoardIsATableToAScreenReader) {
             SCOPED_TRACE(index);
             auto* cell = heard->child(index);
             const auto* inTable = cell->tableCellInterface();
-            EXPECT_TRUE(inTable->table() == heard && inTable->rowExtent() == 1 &&
-                        inTable->columnExtent() == 1);
+            EXPECT_EQ(inTable->table(), heard);
+            EXPECT_EQ(inTable->rowExtent() * inTable->columnExtent(), 1);
             EXPECT_TRUE(cell->isValid() && cell->window() == heard->window() && cell->parent() == heard);
             EXPECT_TRUE(cell->state().focusable && cell->state().selectable && cell->state().readOnly);
             EXPECT_EQ(heard->indexOfChild(cell), index);

@@ -15,13 +15,12 @@ protected:
 static std::string sheetsOf(const FakePrinter& printer, const ProgramState& state) {
     QString sheets;
     for (const auto& sheet : printer.sheets) {
-        const QString caption = QString::fromStdString(sheet.caption);
         const auto boards = boardsOf(sheet.drawing, state);
         const QString note = boards.empty() ? "?" : boards[0].label.text;
         // A piece has its square in the caption.
-        const QString square = note.contains(',') ? caption.section(" · ", 1, 1) : note;
-        const QString number = caption.section("sheet ", 1).left(1);
-        sheets += caption.left(1) + number + ':' + square.section('.', 0, 0) + ' ';
+        const QString square = note.contains(',') ? sheet.caption.section(" · ", 1, 1) : note;
+        const QString number = sheet.caption.section("sheet ", 1).left(1);
+        sheets += sheet.caption.left(1) + number + ':' + square.section('.', 0, 0) + ' ';
     }
     return sheets.toStdString();
 }

@@ -54,11 +54,11 @@ protected:
         int boards = 0;
         for (std::size_t i = view; i < printer.sheets.size() && !HasFailure(); i += batch.views()) {
             const FakePrinter::Printed& sheet = printer.sheets[i];
-            const QString note = QString::fromStdString(sheet.caption).section(" · ", 1, 1);
+            const QString note = sheet.caption.section(" · ", 1, 1);
             const QString ofPiece = pieces.count() > 1 ? " · " + note : "";
-            EXPECT_EQ(sheet.caption, batch.caption(i, ofPiece, state().startNumber));
-            EXPECT_LT(sheet.content.width() * sheet.scale, 277.01);
-            EXPECT_LT(sheet.content.height() * sheet.scale, 183.66);
+            EXPECT_EQ(sheet.caption.toStdString(), batch.caption(i, ofPiece, state().startNumber));
+            const QSizeF size = QSizeF(sheet.content.size()) * sheet.scale;
+            EXPECT_TRUE(size.width() < 277.01 && size.height() < 183.66);
             for (const ShownBoard& board : boardsOf(sheet.drawing, state())) {
                 const int piece = boards++ % pieces.count();
                 const Place at{piece % pieces.across(), piece / pieces.across()};
@@ -84,12 +84,12 @@ protected:
     /// A square's note stands below it, a piece's label right of where the widest ends.
     void expectLabel(const FakePrinter::Printed& sheet, const ShownBoard& board, bool isPiece, Place at) {
         const TextAtPoint& label = board.label;
-        const int right = 14 + static_cast<int>(state().cellWidth) * state().visibleColumns;
-        EXPECT_EQ(label.point, isPiece ? QPoint(right, 8) : board.area.bottomLeft() + QPoint(0, 2));
-        EXPECT_EQ(label.room.value_or(0), isPiece ? 0 : board.area.width());
-        EXPECT_EQ(label.text,
-                  isPiece ? QString("%1,%2").arg(at.across + 1).arg(at.down + 1) : board.label.text);
-        const double width = isPiece ? QFontMetricsF(boardFont()).horizontalAdvance(label.text) : 0;
+        const QPoint below = board.area.bottomLeft() + QPoint(0, 2);
+        const QPoint right(14 + static_cast<int>(state().cellWidth) * state().visibleColumns, 8);
+        const QString name = QString("%1,%2").arg(at.across + 1).arg(at.down + 1);
+        EXPECT_EQ(label, isPiece ? TextAtPoint(right, name, {})
+                                 : TextAtPoint(below, label.text, board.area.width(), TextStyle::note));
+        const double width = isPiece ? QFontMetricsF(boardFont()).horizontalAdvance(name) : 0;
         EXPECT_GE(sheet.content.right() - label.point.x(), width);
     }
 
@@ -97,8 +97,7 @@ protected:
     /// drawn.
     void expectSquares(const PrintedBatch& batch) {
         const auto shown = squaresOf(batch, 0), answered = squaresOf(batch, batch.views() - 1);
-        ASSERT_EQ(std::ssize(shown), batch.count);
-        ASSERT_EQ(std::ssize(answered), batch.count);
+        ASSERT_TRUE(std::ssize(shown) == batch.count && std::ssize(answered) == batch.count);
         const auto cells = static_cast<std::size_t>(batch.order * batch.order);
         double highest = state().startNumber;
         for (std::size_t i = 0; i < shown.size() && !HasFailure(); ++i) {
@@ -151,7 +150,6 @@ TEST_F(SquaresTest, AreWhatTheTitleCountsDown) {
                                    numberText(batch.count) + ' ' + kind + " left to print.");
         };
         printBatch(batch);
-        EXPECT_EQ(state().squaresSolved, batch.count);
         EXPECT_EQ(printer.document.toStdString(), "Quarvelle " + batch.size());
         ASSERT_EQ(printer.sheets.size(), batch.sheets);
         EXPECT_NEAR(printer.sheets[0].scale * state().cellWidth, batch.cell, 0.01);

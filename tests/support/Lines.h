@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <memory>
 #include <set>
-#include <utility>
 #include <vector>
 
 #include "engine/Cells.h"

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <gtest/gtest.h>
 #include <map>
 
 #include "board/Place.h"
@@ -84,7 +83,7 @@ public:
         Drawing drawing;
         QRect content;
         double scale;
-        std::string caption;
+        QString caption;
     };
 
     /// Whether the person prints, and what they change of the order.
@@ -122,8 +121,7 @@ private:
 
         QString begin() override { return ++printer.steps == printer.failingStep ? "paper jam" : ""; }
         QString print(const Sheet& sheet) override {
-            printer.sheets.push_back(
-                {sheet.drawing, sheet.content, sheet.scale, sheet.caption.toStdString()});
+            printer.sheets.push_back({sheet.drawing, sheet.content, sheet.scale, sheet.caption});
             return begin();
         }
         QString finish() override { return begin(); }

@@ -59,7 +59,7 @@ protected:
     QStackedWidget* allPages() { return window().findChild<QStackedWidget*>("pages"); }
     QScrollArea* client() { return window().findChild<QScrollArea*>("client"); }
     BoardPage& board() { return window().boardPage(); }
-    QAccessibleInterface* heardBoard() { return QAccessible::queryAccessibleInterface(&board()); }
+    auto* heardBoard() { return QAccessible::queryAccessibleInterface(&board()); }
     EntryBox& answerBox() { return window().boardPage().answerBox(); }
     std::string title() { return window().windowTitle().toStdString(); }
 

