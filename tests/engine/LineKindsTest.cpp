@@ -49,7 +49,7 @@ TEST(LineKinds, AreSteppedThroughByTheirTable) {
 
 /// The record and the ledger answer alike for a cell that is not blank, whatever its blank is found through.
 static void expectSameAnswers(ProgramState& state, const LineLedger::Candidate& candidate) {
-    for (int kind = 1; kind <= lineKindCount; ++kind) {
+    for (const int kind : std::views::iota(1, lineKindCount + 1) | untilFailure) {
         state.lineKind = kind;
         makeblanks(state);
         EXPECT_EQ(state.blankAccepted, candidate.accepts(kind)) << "kind " << kind;
@@ -57,7 +57,7 @@ static void expectSameAnswers(ProgramState& state, const LineLedger::Candidate& 
     const PropertyProcedure procedures[] = {d1scross, d1scross2, d1scline, d1scline2};
     const auto byLedger = std::make_unique<ProgramState>(state),
                byCheck = std::make_unique<ProgramState>(state);
-    for (std::size_t family = 0; family < 4; ++family) {
+    for (const std::size_t family : std::views::iota(std::size_t{0}, std::size_t{4}) | untilFailure) {
         procedures[family](*byCheck);
         placeShape(*byLedger, propertyFamilies[family], [&](int kind) { return candidate.accepts(kind); });
         EXPECT_TRUE(byCheck->blankPlaced == byLedger->blankPlaced && byCheck->puzzle == byLedger->puzzle)
