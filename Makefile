@@ -61,6 +61,7 @@ print-check: ## Print batches on a print queue of its own and into files, and ch
 lint: ## Check the layout and the pitfalls of the code, and how much of it is tests
 	@packaging/install-packages.sh build test lint
 	@tests/share.sh
+	@tests/includes.sh
 	cmake --preset dev
 	cmake --build --preset dev
 	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror

@@ -1,12 +1,9 @@
 #include <cmath>
-#include <gtest/gtest.h>
 #include <map>
 
 #include "engine/BlankSelection.h"
 #include "engine/Construction.h"
 #include "engine/MagicArithmetic.h"
-#include "engine/Numbers.h"
-#include "engine/Stepping.h"
 #include "tests/support/Literal.h"
 #include "tests/support/Scripted.h"
 
@@ -117,43 +114,6 @@ TEST(Puzzle, FollowsItsDraws) {
     EXPECT_EQ(events.yields(), 61);
     for (int row = 0; row < 7; ++row)
         EXPECT_TRUE(std::equal(rows[row].begin(), rows[row].end(), state->puzzle[row + 1].begin() + 1));
-}
-
-TEST(LineKinds, AreSteppedThroughByTheirTable) {
-    // Kinds 5 to 9 and 15 to 19; five kinds further on they are twice as large.
-    const int shapes[][5][2] = {
-        {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}},   {{2, 0}, {2, 2}, {0, 2}, {1, 1}},
-        {{-2, 0}, {-2, 2}, {0, 2}, {-1, 1}},    {{0, -2}, {2, -2}, {2, 0}, {1, -1}},
-        {{0, -2}, {-2, -2}, {-2, 0}, {-1, -1}}, {{-1, 0}, {0, -1}, {1, 0}, {0, 1}},
-        {{0, 1}, {0, 2}, {-1, 1}, {1, 1}},      {{1, 0}, {2, 0}, {1, -1}, {1, 1}},
-        {{-1, 0}, {-2, 0}, {-1, -1}, {-1, 1}},  {{0, -1}, {0, -2}, {-1, -1}, {1, -1}}};
-    const Cell wholeLines[] = {{1, 0}, {0, 1}, {1, -1}, {1, 1}};
-    for (int kind = 1; kind <= lineKindCount; ++kind)
-        for (int step = -1; step <= 6; ++step) {
-            const auto s = stateOf(5, 1, 1);
-            s->lineKind = s->probeKind = kind;
-            s->stepIndex = step;
-            s->anchorRow = s->probeAnchorRow = 10;
-            s->anchorCol = s->probeAnchorCol = 12;
-            std::tie(s->curRow, s->curCol, s->probeRow, s->probeCol) = std::tuple(20, 21, 20, 21);
-            findline2(*s);
-            findline1(*s);
-            // The probe takes the steps 0 and 2 of three arms of a cross-diagonal in the other order.
-            const bool exchanges = kind < 15 && (kind - 5) % 5 > 1 && step % 2 == 0;
-            const auto expected = [&](int at) {
-                if (kind < 5 || at < 0 || at > 4)
-                    return Cell{20, 21};
-                const int* offset = shapes[(kind - 5) / 10 * 5 + (kind - 5) % 5][at];
-                const int size = 1 + (kind - 5) / 5 % 2;
-                return Cell{10 + size * offset[0], 12 + size * offset[1]};
-            };
-            const Cell main = kind < 5
-                                  ? Cell{20, 21} + Step{wholeLines[kind - 1].row, wholeLines[kind - 1].column}
-                                  : expected(step);
-            EXPECT_TRUE((Cell{s->curRow, s->curCol} == main)) << kind << ' ' << step;
-            const Cell probe = expected(exchanges && step >= 0 && step <= 2 ? 2 - step : step);
-            EXPECT_TRUE((Cell{s->probeRow, s->probeCol} == probe)) << kind << ' ' << step;
-        }
 }
 
 } // namespace quarvelle::testing

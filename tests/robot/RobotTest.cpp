@@ -58,7 +58,7 @@ protected:
         };
         events.onYield = [this, turn](int) { turn(below(20) == 0); };
         events.onWait = [this, turn] {
-            expect(!blanksOf(state()).empty(), "a solved square stays");
+            expect(!blanks().empty(), "a solved square stays");
             turn(true);
         };
         printer.dialog = [this](PrintOrder& order) {
@@ -131,29 +131,28 @@ protected:
     void pressCell() {
         if (!window().boardPage().isVisible())
             return;
-        const int width = static_cast<int>(state().cellWidth);
+        const int width = static_cast<int>(state().cellWidth), n = state().squareSize;
         const double factor = PageScale::factorOf(window().boardPage());
         // On the screen, from one grid line to the next.
-        const auto areaOf = [=](Cell cell) {
-            const QPointF corner(width * (cell.row - 1) + 8, 18 * (cell.column - 1) + 8);
+        const auto areaOf = [=](Place place) {
+            const QPointF corner(width * (place.across - 1) + 8, 18 * (place.down - 1) + 8);
             const QPoint end = ((corner + QPointF(width, 18)) * factor).toPoint();
             return QRect((corner * factor).toPoint(), end - QPoint(1, 1));
         };
-        const auto blanks = blanksOf(state());
+        const auto open = blanks();
         QPoint point{below(900), below(700)};
-        // To the left of the board and beyond it there is nothing, whatever stands there.
-        const int n = state().squareSize;
+        // Beside the board there is nothing, whatever stands there.
         for (int i = 0; i <= n + 1; ++i)
-            for (const Cell& outside : {Cell(0, i), Cell(i, 0), Cell(n + 1, i), Cell(i, n + 1)})
-                cellAt(state().puzzle, outside) = emptyMarker;
-        if (!blanks.empty() && below(8) != 0) {
-            const QRect area = areaOf(oneOf(blanks)).adjusted(-1, -1, 1, 1);
+            for (const Place& beside : {Place{0, i}, {i, 0}, {n + 1, i}, {i, n + 1}})
+                cellAt(state().puzzle, cellOf(beside)) = emptyMarker;
+        if (!open.empty() && below(8) != 0) {
+            const QRect area = areaOf(oneOf(open)).adjusted(-1, -1, 1, 1);
             point = area.topLeft() + QPoint{below(area.width()), below(area.height())};
         }
         const auto pressed =
-            std::ranges::find_if(blanks, [&](Cell cell) { return areaOf(cell).contains(point); });
+            std::ranges::find_if(open, [&](const Place& place) { return areaOf(place).contains(point); });
         const QPoint corner = answerBox().pos();
-        const bool opens = plays() && pressed != blanks.end() &&
+        const bool opens = plays() && pressed != open.end() &&
                            !(answerBox().isVisible() && areaOf(*pressed).topLeft() == corner);
         const bool isShown = opens || answerBox().isVisible();
         const QString text = opens ? QString() : answerBox().text();
@@ -186,7 +185,7 @@ protected:
 
     /// Mostly with the right number.
     void answerCell() {
-        const auto answer = numberText(cellAt(state().square, {state().selectedRow, state().selectedColumn}));
+        const auto answer = numberText(cellAt(state().square, cellOf(selectedPlace(state()))));
         const auto rightText = QString::fromStdString(answer);
         const bool isMeantRight = below(4) != 0;
         typeText(isMeantRight ? rightText : oneOf(hostileNumbers));

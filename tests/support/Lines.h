@@ -1,13 +1,12 @@
 #pragma once
 
 #include <algorithm>
-#include <gtest/gtest.h>
 #include <memory>
 #include <set>
-#include <utility>
 #include <vector>
 
 #include "engine/Cells.h"
+#include "tests/support/UntilFailure.h"
 
 namespace quarvelle::testing {
 
@@ -43,47 +42,41 @@ inline std::set<Line> linesInPlay(const ProgramState& state) {
         if (mode == PropertyMode::all || (mode == PropertyMode::onlyMain && !wraps))
             lines.insert(line);
     };
-    const int wholeLines = state.mainDiagonalsAndLines * PropertyMode::all;
-    const int diagonals = std::max(state.mainDiagonalsAndLines, state.allDiagonals * PropertyMode::all);
-    const std::tuple<int, int, int> runs[] = {
-        {wholeLines, 1, 0}, {wholeLines, 0, 1}, {diagonals, 1, 1}, {diagonals, -1, 1}};
-    for (const auto& [mode, down, right] : runs) {
-        Line offsets;
-        for (int i = 0; i < n; ++i)
-            offsets.push_back({i * down, i * right});
-        for (int i = 1; i <= n; ++i)
-            add(mode, right == 0 ? Cell{1, i} : Cell{i, 1}, offsets);
+    const int whole = state.mainDiagonalsAndLines * PropertyMode::all;
+    const int diagonal = std::max(state.mainDiagonalsAndLines, state.allDiagonals * PropertyMode::all);
+    Line column, row, falling, rising;
+    for (int i = 0; i < n; ++i) {
+        column.push_back({i, 0});
+        row.push_back({0, i});
+        falling.push_back({i, i});
+        rising.push_back({-i, i});
     }
-    for (int row = 1; row <= n; ++row)
-        for (int column = 1; column <= n; ++column) {
-            add(state.crossDiagonalMode, {row, column}, {{0, 0}, {1, 1}, {1, -1}, {-1, 1}, {-1, -1}});
-            add(state.scatteredCrossDiagonalMode, {row, column},
-                {{0, 0}, {2, 2}, {2, -2}, {-2, 2}, {-2, -2}});
-            add(state.crossLineMode, {row, column}, {{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}});
-            add(state.scatteredCrossLineMode, {row, column}, {{0, 0}, {2, 0}, {-2, 0}, {0, 2}, {0, -2}});
+    for (int i = 1; i <= n; ++i) {
+        add(whole, {1, i}, column);
+        add(whole, {i, 1}, row);
+        add(diagonal, {i, 1}, falling);
+        add(diagonal, {i, 1}, rising);
+        for (int k = 1; k <= n; ++k) {
+            add(state.crossDiagonalMode, {i, k}, {{0, 0}, {1, 1}, {1, -1}, {-1, 1}, {-1, -1}});
+            add(state.scatteredCrossDiagonalMode, {i, k}, {{0, 0}, {2, 2}, {2, -2}, {-2, 2}, {-2, -2}});
+            add(state.crossLineMode, {i, k}, {{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}});
+            add(state.scatteredCrossLineMode, {i, k}, {{0, 0}, {2, 0}, {-2, 0}, {0, 2}, {0, -2}});
         }
+    }
     return lines;
 }
 
 /// Fails unless every line has the total and all numbers differ.
 inline void expectComplete(const Grid& square, int n, double total) {
     std::set<double> numbers;
-    for (const Line& line : linesInPlay(*stateOf(n, 1, 1))) {
+    const auto lines = linesInPlay(*stateOf(n, 1, 1));
+    for (const Line& line : lines | untilFailure) {
         double sum = 0;
         for (const Cell& cell : line)
             sum += *numbers.insert(cellAt(square, cell)).first;
-        EXPECT_NEAR(sum, total, 1e-6);
+        EXPECT_NEAR(sum, total, 1e-6) << "the line from " << line[0].row << ", " << line[0].column;
     }
     EXPECT_EQ(std::ssize(numbers), n * n);
-}
-
-inline std::set<Cell> blanksOf(const ProgramState& state) {
-    std::set<Cell> blanks;
-    for (int row = 1; row <= state.squareSize; ++row)
-        for (int column = 1; column <= state.squareSize; ++column)
-            if (cellAt(state.puzzle, {row, column}) >= 1e200)
-                blanks.insert({row, column});
-    return blanks;
 }
 
 /// Solves the puzzle the way a person does, as far as that goes: again and again a line with one blank gives
@@ -91,7 +84,8 @@ inline std::set<Cell> blanksOf(const ProgramState& state) {
 inline void solve(Grid& puzzle, const std::set<Line>& lines, double total) {
     const auto isOpen = [&puzzle](Cell cell) { return cellAt(puzzle, cell) >= 1e200; };
     const auto hasOneOpen = [&](const Line& line) { return std::ranges::count_if(line, isOpen) == 1; };
-    for (auto line = lines.begin(); (line = std::ranges::find_if(lines, hasOneOpen)) != lines.end();) {
+    const auto next = [&] { return std::ranges::find_if(lines, hasOneOpen); };
+    for (auto line = next(); line != lines.end(); line = next()) {
         double& blank = cellAt(puzzle, *std::ranges::find_if(*line, isOpen));
         blank = 0;
         double rest = total;

@@ -114,7 +114,7 @@ struct Literal {
         const int kind = chooseKind();
         if (s.placeIndex == 0) {
             s.probeKind = kind;
-            s.probeAnchorRow = s.anchorRow, s.probeAnchorCol = s.anchorCol;
+            std::tie(s.probeAnchorRow, s.probeAnchorCol) = std::tie(s.anchorRow, s.anchorCol);
         } else if (!placeThrough(kind)) {
             s.lineRejected[kind] = 1;
             return false;
@@ -128,17 +128,11 @@ struct Literal {
         if (blanksOn(kind) < 0 ||
             std::ranges::count(line(s.probeKind, {s.probeAnchorRow, s.probeAnchorCol}), candidate()) != 0)
             return false;
-        Line needed{candidate()};
-        for (int i = 0; i < std::ssize(needed); ++i)
-            for (const Cell& cell :
-                 line(i == 0 ? kind : markerKind(cellAt(s.puzzle, needed[i])), needed[i])) {
-                if (i != 0 && cell == candidate())
-                    return false;
-                if (isBlank(cellAt(s.puzzle, cell)) && std::ranges::count(needed, cell) == 0)
-                    needed.push_back(cell);
-            }
-        cellAt(s.puzzle, candidate()) = blankMarker(kind);
-        return true;
+        s.lineKind = kind;
+        makeblanks(s);
+        if (s.blankAccepted == 1)
+            cellAt(s.puzzle, candidate()) = blankMarker(kind);
+        return s.blankAccepted == 1;
     }
 
     /// What a systematic scan tries at the candidate; whether something was placed.
@@ -159,7 +153,7 @@ struct Literal {
             if (placeAnywhere())
                 return true;
             const Cell next = moved(candidate(), {1, s.anchorRow / s.squareSize});
-            s.anchorRow = next.row, s.anchorCol = next.column;
+            std::tie(s.anchorRow, s.anchorCol) = std::tie(next.row, next.column);
         }
         return false;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <gtest/gtest.h>
 #include <vector>
 
 #include "engine/EventQueue.h"
@@ -30,9 +31,13 @@ class ScriptedEvents final : public EventQueue {
 public:
     std::function<void(int turn)> onYield = [](int) {};
     std::function<void()> onWait = [] {};
+    std::function<void()> onFailure = [] {}; ///< instead of either, once the running test has failed
 
-    void yield() override { onYield(++m_yields); }
-    void wait() override { onWait(); }
+    void yield() override {
+        ++m_yields;
+        ::testing::Test::HasFailure() ? onFailure() : onYield(m_yields);
+    }
+    void wait() override { ::testing::Test::HasFailure() ? onFailure() : onWait(); }
     int yields() const { return m_yields; }
 
 private:

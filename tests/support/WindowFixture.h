@@ -9,6 +9,7 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QTest>
+#include <stdexcept>
 
 #include "app/Program.h"
 #include "board/BoardPage.h"
@@ -19,7 +20,7 @@
 #include "ui/MainPage.h"
 #include "ui/PropertiesPage.h"
 
-/// What failures show of the toolkit's values.
+/// What failures show of Qt's values.
 template <class Value>
 requires(std::is_same_v<Value, QString> || std::is_same_v<Value, QRect> ||
          std::is_same_v<Value, QPoint>) void PrintTo(const Value& value, std::ostream* out) {
@@ -41,6 +42,12 @@ protected:
         window().show();
         window().activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+        events.onFailure = [this, turns = 0]() mutable {
+            state().stopRequested = Request::stop;
+            // Nothing else ends a run that is deaf to that.
+            if (++turns > 100)
+                throw std::runtime_error("the run doesn't end");
+        };
     }
 
     MainWindow& window() { return program->window(); }
@@ -51,6 +58,8 @@ protected:
     QMenu* menu(const char* name) { return window().findChild<QMenu*>(name); }
     QStackedWidget* allPages() { return window().findChild<QStackedWidget*>("pages"); }
     QScrollArea* client() { return window().findChild<QScrollArea*>("client"); }
+    BoardPage& board() { return window().boardPage(); }
+    auto* heardBoard() { return QAccessible::queryAccessibleInterface(&board()); }
     EntryBox& answerBox() { return window().boardPage().answerBox(); }
     std::string title() { return window().windowTitle().toStdString(); }
 
@@ -85,6 +94,32 @@ protected:
         type(page().Text5, distance);
     }
 
+    void print(const QString& order, int count) {
+        type(page().Text2, order);
+        type(page().Text1, QString::number(count));
+        click(page().Command1);
+    }
+
+    /// A run of practice. Lets the player act when the first square has come, which gets these blanks, and
+    /// again whenever the run would wait, until they quit.
+    void play(const std::set<Place>& blanks, const std::function<void()>& player) {
+        bool isFirst = true;
+        events.onWait = [&] {
+            if (isFirst) {
+                isFirst = false;
+                state().puzzle = state().square;
+                for (const Place& place : blanks)
+                    cellAt(state().puzzle, cellOf(place)) = emptyMarker;
+                state().remainingBlanks = static_cast<int>(blanks.size()) + 1;
+            }
+            player();
+        };
+        page().Command4->click(); // which doesn't give it the keyboard
+        EXPECT_EQ(state().currentPage, Page::main);
+        EXPECT_EQ(window().focusWidget(), page().Command4);
+        EXPECT_TRUE(command("chooseproperties")->isEnabled()) << "the way to the properties";
+    }
+
     void click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
 
     ScriptedRandom random;
@@ -92,6 +127,15 @@ protected:
     FakePrinter printer;
     ScreenReader reader;
     std::unique_ptr<Program> program = std::make_unique<Program>(random, events, &printer);
+};
+
+/// How things look in a window of any size; run at other scales of the screen, too.
+class LookTest : public WindowFixture {
+protected:
+    LookTest() { window().setWindowState(Qt::WindowNoState); }
+
+    /// Resizes the window so that its pages have a room of that size.
+    void makeRoom(QSizeF size) { window().resize(size.toSize() + QSize(0, window().menuBar()->height())); }
 };
 
 } // namespace quarvelle::testing
