@@ -28,6 +28,8 @@ public:
     void setText(QAccessible::Text, const QString&) override {}
 
     QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Description && isValid() && m_board.isOnShadedLine(m_place))
+            return "On the line shown";
         if (kind != QAccessible::Name || !isValid())
             return {};
         const double value = quarvelle::cellAt(m_board.state().puzzle, cellOf(m_place));

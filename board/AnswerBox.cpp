@@ -42,8 +42,8 @@ void AnswerBox::alignText() {
         inset.rx() += m_insets.signRoom;
     // The box is one pixel wider than its cell because it includes the right grid line.
     const double room = place.width() - 2 - inset.x();
-    const double natural = QFontMetricsF(boardFont()).horizontalAdvance(text());
     const PixelGrid grid = board->grid();
+    const double natural = grid.metrics(boardFont()).horizontalAdvance(text()) / grid.enlargement();
     const double condensed =
         std::min(board->drawing().condensed(TextStyle::number, grid), natural > room ? room / natural : 1);
     const ShownText shown = grid.text(boardFont(), condensed);

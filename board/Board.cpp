@@ -82,6 +82,10 @@ int signRoom(const ProgramState& state, double value) {
     return value >= 0 && hasNegativeNumbers(n, state.startNumber, state.distance) ? 3 : 0;
 }
 
+QRect boardArea(QPoint corner, int cellWidth, const Piece& piece) {
+    return {corner, QSize(cellWidth * piece.across + 1, rowHeight * piece.down + 1)};
+}
+
 void resetPosition(ProgramState& state) {
     state.boardLeft = state.boardTop = boardMargin;
     state.pageColumn = state.pageRow = 1;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPoint>
+#include <QRect>
 
 #include "board/Pieces.h"
 
@@ -46,6 +47,9 @@ void drawNumber(Canvas& canvas, QPoint point, double value, int cellLeft, int ce
 
 /// How far `value` is indented because other numbers of the square have a minus sign, in pixels.
 int signRoom(const ProgramState& state, double value);
+
+/// What a piece covers that is drawn with its top-left grid corner at `corner`, in pixels.
+QRect boardArea(QPoint corner, int cellWidth, const Piece& piece);
 
 /// Puts the board back into the top-left corner of its page, with the first piece.
 void resetPosition(ProgramState& state);

@@ -26,10 +26,12 @@ BoardPage::BoardPage(const ProgramState& state, QWidget* parent) : DrawingSurfac
 }
 
 void BoardPage::beginPuzzle() {
+    clearLine();
     tellCellsCameOrWent();
 }
 
 void BoardPage::endPuzzle() {
+    clearLine();
     // If the box were hidden while it has the keyboard, no control would have it.
     if (window()->focusWidget() == &answerBox())
         setFocus();
@@ -66,6 +68,18 @@ void BoardPage::tellFocus() {
 void BoardPage::focusInEvent(QFocusEvent* event) {
     DrawingSurface::focusInEvent(event);
     tellFocus();
+}
+
+/// Where the keyboard is on the page: at the selected cell.
+QVariant BoardPage::inputMethodQuery(Qt::InputMethodQuery query) const {
+    if (query != Qt::ImCursorRectangle)
+        return DrawingSurface::inputMethodQuery(query);
+    return hasPuzzle() ? shown(cellArea(selectedPlace(m_state))).toRect() : QRect();
+}
+
+void BoardPage::makeRoomFor(const QRect& content) {
+    PageScale::setPageSize(*this, QSize(content.right(), content.bottom()) + QSize(1, 1) +
+                                      QSize(boardMargin, boardMargin));
 }
 
 QRect BoardPage::cellArea(Place place) const {
@@ -111,8 +125,36 @@ void BoardPage::closeAnswerBox() {
     update();
 }
 
+void BoardPage::shadeLine(std::vector<Place> line) {
+    m_line = std::move(line);
+    update();
+}
+
+void BoardPage::clearLine() {
+    shadeLine({});
+}
+
+bool BoardPage::isOnShadedLine(Place place) const {
+    return std::find(m_line.begin(), m_line.end(), place) != m_line.end();
+}
+
+/// Light enough for the numbers, with a bar that tells the line to whoever doesn't see the hue.
+void BoardPage::paintLine(QPainter& painter, const PixelGrid& grid) const {
+    constexpr int bar = 2;
+    painter.save();
+    // What is drawn there shows through.
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+    for (const Place place : m_line) {
+        const QRect inside = cellArea(place).adjusted(1, 1, -1, -1);
+        grid.fill(painter, inside, QColor(176, 228, 184));
+        grid.fill(painter, inside.adjusted(0, inside.height() - bar, 0, 0), QColor(0, 110, 50));
+    }
+    painter.restore();
+}
+
 void BoardPage::paintAbove(QPainter& painter) {
     const PixelGrid grid = PixelGrid::painted(painter, 1);
+    paintLine(painter, grid);
     if (answerBox().isVisible()) {
         // The grid lines around the cell stay visible.
         const QRect cell = PageScale::placeOf(answerBox()).adjusted(1, 1, -1, 0);

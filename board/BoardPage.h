@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <optional>
+#include <vector>
 
 #include "board/Place.h"
 #include "ui_BoardPage.h"
@@ -31,6 +32,16 @@ public:
     void takeKeyboard();
     /// To be called when another cell has been selected: marks that one.
     void markSelectedCell();
+    /// Makes the page as large as what will be drawn, from the top-left corner of the drawing to the lower
+    /// right one of `content`, and the margin around it.
+    void makeRoomFor(const QRect& content);
+    /// Shades the cells of a line, on which the selected blank is the only one, until another cell is marked,
+    /// or `clearLine`.
+    void shadeLine(std::vector<Place> line);
+    void clearLine();
+    bool hasShadedLine() const { return !m_line.empty(); }
+    bool isOnShadedLine(Place place) const;
+
     /// The rectangle of a cell, grid lines included, in the drawing's pixels.
     QRect cellArea(Place place) const;
     /// The cell at a pixel of the drawing, if there is one. A grid line belongs to the cell to its right or
@@ -53,13 +64,17 @@ public:
 protected:
     void paintAbove(QPainter& painter) override;
     void focusInEvent(QFocusEvent* event) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
 private:
     void tellCellsCameOrWent();
     void tellFocus();
 
+    void paintLine(QPainter& painter, const PixelGrid& grid) const;
+
     Ui::BoardPage m_controls;
     const ProgramState& m_state;
+    std::vector<Place> m_line; ///< shaded
 };
 
 } // namespace quarvelle

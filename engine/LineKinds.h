@@ -91,6 +91,23 @@ constexpr const Shape& shapeOffsets(int kind) {
     return shapeFamilies[static_cast<std::size_t>(familyOf(kind))][static_cast<std::size_t>(anchorOf(kind))];
 }
 
+inline constexpr auto shapeCentres = [] {
+    std::array<Step, lineKindCount + 1> centres{};
+    for (int kind = firstKindOf(0); kind <= lineKindCount; ++kind) {
+        Step& centre = centres[static_cast<std::size_t>(kind)];
+        for (const Step offset : shapeOffsets(kind))
+            centre = {centre.row + offset.row, centre.column + offset.column};
+        centre = {centre.row / kindsPerFamily, centre.column / kindsPerFamily};
+    }
+    return centres;
+}();
+
+/// The offset of a shape's centre from the anchor of a five-cell kind. It is the mean of the offsets of the
+/// five cells, the anchor's own being zero, since the arms lie symmetrically around the centre.
+constexpr Step centreOffset(int kind) {
+    return shapeCentres[static_cast<std::size_t>(kind)];
+}
+
 /// The marker of a blank that is deduced through `kind` (1 to 24): 1e200 to 1e223.
 constexpr double blankMarker(int kind) {
     return blankMarkers[static_cast<std::size_t>(kind - 1)];

@@ -8,19 +8,6 @@ namespace {
 constexpr int familyCount = shapeFamilies.size();
 static_assert(shapeOrder * (wholeLineKinds + familyCount * shapeOrder) <= wholeLineKinds * maxOrder);
 
-/// For each five-cell kind the offset of the centre from the anchor. It is the mean of the offsets of the
-/// five cells, the anchor's own being zero, since the arms lie symmetrically around the centre.
-constexpr auto shapeCentres = [] {
-    std::array<Step, lineKindCount + 1> centres{};
-    for (int kind = firstKindOf(0); kind <= lineKindCount; ++kind) {
-        Step& centre = centres[static_cast<std::size_t>(kind)];
-        for (const Step offset : shapeOffsets(kind))
-            centre = {centre.row + offset.row, centre.column + offset.column};
-        centre = {centre.row / kindsPerFamily, centre.column / kindsPerFamily};
-    }
-    return centres;
-}();
-
 /// Which of the n lines of a whole-line kind holds the cell, from 1 to n: the quantity that the kind's step
 /// doesn't change.
 int wholeLineIndex(int kind, Cell cell, int n) {
@@ -49,7 +36,7 @@ std::size_t LineLedger::numberOf(int kind, Cell cell) const {
     const int n = m_order;
     if (kind <= wholeLineKinds)
         return static_cast<std::size_t>((kind - 1) * n + wholeLineIndex(kind, cell, n) - 1);
-    const auto [row, column] = wrapped(cell + shapeCentres[static_cast<std::size_t>(kind)], n);
+    const auto [row, column] = wrapped(cell + centreOffset(kind), n);
     return static_cast<std::size_t>((wholeLineKinds + familyOf(kind) * n + row - 1) * n + column - 1);
 }
 

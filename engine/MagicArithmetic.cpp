@@ -30,6 +30,16 @@ SquareNumbers::SquareNumbers(double s, double d) : m_first(s), m_step(d) {
                std::round(d * *stepScale) * (scale / *stepScale)};
 }
 
+double SquareNumbers::sumOf(const std::vector<double>& numbers) const {
+    double plain = 0;
+    double units = 0;
+    for (const double number : numbers) {
+        plain += number;
+        units += m_units ? std::round(number * m_units->scale) : 0;
+    }
+    return m_units && std::fabs(units) <= exactLimit ? units / m_units->scale : plain;
+}
+
 double SquareNumbers::magicTotal(int n) const {
     const double order = n;
     const double first = order * (order * (order - 1) / 2 + (order + 1) / 2);

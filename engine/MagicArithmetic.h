@@ -3,6 +3,7 @@
 #include <cmath>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace quarvelle {
 
@@ -25,16 +26,21 @@ public:
     /// The number that stands for relative value n*n; the largest when d is positive.
     double lastNumber(int n) const { return realValue(static_cast<double>(n) * n); }
 
+    /// The sum of some numbers of the square.
+    double sumOf(const std::vector<double>& numbers) const;
+
     /// The common sum of every row, column, diagonal and broken diagonal of a complete square of order `n`.
     /// The n rows share the sum of all its numbers equally, so it is a row's n*s + d*n(n*n - 1)/2.
     double magicTotal(int n) const;
 
 private:
+    /// Up to 2^53 a double holds every whole number.
+    static constexpr double exactLimit = 9007199254740992;
+
     /// `firsts` times s plus `steps` times d, both whole; `plain` where a double can't hold the units.
     double sum(double firsts, double steps, double plain) const {
         if (!m_units)
             return plain;
-        constexpr double exactLimit = 9007199254740992; // 2^53
         const double first = firsts * m_units->first;
         const double rest = steps * m_units->step;
         return std::fabs(first) + std::fabs(rest) <= exactLimit ? (first + rest) / m_units->scale : plain;

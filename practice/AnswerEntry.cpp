@@ -57,7 +57,7 @@ void AnswerEntry::takeWrongAnswer(double entry) {
     if (entry != 0 || box.text() == "0") {
         ++state.numbersIncorrect;
         m_window.showTitle(scoreTitle(state));
-        m_window.boardPage().announce(
+        m_window.tell(
             QString("%1 is wrong. Numbers incorrect: %2").arg(box.text()).arg(state.numbersIncorrect));
     }
     box.clear();
@@ -72,11 +72,12 @@ void AnswerEntry::takeRightAnswer() {
     const QPoint inset(signPlace - 1 + signRoom(state, answer), textInset.y());
     drawNumber(m_window.boardPage(), corner + inset, answer, corner.x(), static_cast<int>(state.cellWidth));
     m_selection.leaveBox();
+    m_window.boardPage().clearLine();
     m_window.boardPage().tellCellChanged();
     ++state.numbersCorrect;
     m_window.showTitle(scoreTitle(state));
     --state.remainingBlanks;
-    m_window.boardPage().announce(QString("Right. Blanks left: %1").arg(state.remainingBlanks - 1));
+    m_window.tell(QString("Right. Blanks left: %1").arg(state.remainingBlanks - 1));
 }
 
 } // namespace quarvelle

@@ -60,6 +60,8 @@ void CellSelection::start() {
 void CellSelection::moveTo(Place place) {
     ProgramState& state = m_window.state();
     BoardPage& board = m_window.boardPage();
+    if (place != selectedPlace(state))
+        board.clearLine();
     const Cell cell = cellOf(place);
     state.selectedRow = cell.row;
     state.selectedColumn = cell.column;

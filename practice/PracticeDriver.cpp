@@ -57,10 +57,12 @@ void PracticeDriver::openRun() {
     state.numbersCorrect = state.numbersIncorrect = state.squaresSolved = 0;
     readRunSettings(state, m_window.mainPage(), m_window.propertiesPage());
     state.stopRequested = Request::none;
+    resetPosition(state);
     m_window.boardPage().clear();
+    m_window.boardPage().makeRoomFor(boardArea({state.boardLeft, state.boardTop},
+                                               static_cast<int>(state.cellWidth), Pieces(state).at({1, 1})));
     m_window.pages().show(Page::board);
     m_window.present();
-    resetPosition(state);
     state.baseStart = state.startNumber;
 }
 
@@ -98,10 +100,10 @@ void PracticeDriver::showPuzzle() {
     m_window.showTitle(scoreTitle(state));
     state.answering = 1;
     CellSelection(m_window).start();
-    m_window.boardPage().announce(QString("%1New square of %2 by %2. Blanks: %3")
-                                      .arg(m_solved ? "Solved. " : "")
-                                      .arg(state.squareSize)
-                                      .arg(state.remainingBlanks - 1));
+    m_window.tell(QString("%1New square of %2 by %2. Blanks: %3")
+                      .arg(m_solved ? "Solved. " : "")
+                      .arg(state.squareSize)
+                      .arg(state.remainingBlanks - 1));
 }
 
 /// Sleeps between events until the square is solved or abandoned. Returns false when stopped.

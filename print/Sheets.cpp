@@ -39,6 +39,7 @@ Sheets::Sheets(MainWindow& window, const SheetPlan& plan, const PrintOrder& orde
       m_first(std::max(1, order.firstSheet)), m_last(std::min(order.lastSheet, plan.sheets())),
       m_bundle(plan.bundleOf(order.backwards ? m_last : m_first)),
       m_bundlesLeft(m_first > m_last ? 0 : plan.bundleOf(m_last) - plan.bundleOf(m_first) + 1) {
+    m_window.boardPage().makeRoomFor(m_layout.content());
     m_window.foot().beginSheets(static_cast<int>(std::min<std::int64_t>(ordered(), largestInt)));
 }
 

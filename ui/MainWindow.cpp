@@ -6,6 +6,7 @@
 #include <QWindowStateChangeEvent>
 
 #include "board/AccessibleBoard.h"
+#include "board/BoardGeometry.h"
 #include "board/BoardPage.h"
 #include "ui/InformationPage.h"
 #include "ui/MainPage.h"
@@ -30,14 +31,7 @@ MainWindow::MainWindow()
     m_boardPage = new BoardPage(*m_state);
     m_informationPage = new InformationPage;
     m_propertiesPage = new PropertiesPage(*m_state);
-    // In the order of the page numbers.
-    for (QWidget* page : {static_cast<QWidget*>(m_mainPage), static_cast<QWidget*>(m_boardPage),
-                          static_cast<QWidget*>(m_informationPage), static_cast<QWidget*>(m_propertiesPage)})
-        m_controls->pages->addWidget(page);
-    auto* zoom = new Zoom(*m_controls->client, *new PageScale(*m_controls->pages));
-    connect(m_controls->zoomin, &QAction::triggered, zoom, &Zoom::in);
-    connect(m_controls->zoomout, &QAction::triggered, zoom, &Zoom::out);
-    connect(m_controls->zoomfit, &QAction::triggered, zoom, &Zoom::fit);
+    addPages();
     // The size that the window has when it isn't maximised.
     resize(PageScale::wholePage + QSize(0, menuBar()->sizeHint().height()));
     m_sizeMenu = std::make_unique<SizeMenu>(*m_state, *m_controls, *m_mainPage);
@@ -50,6 +44,25 @@ MainWindow::MainWindow()
 
 MainWindow::~MainWindow() = default;
 
+/// The board has a zoom of its own, since it is looked at for longer and is as large as the square asks for.
+void MainWindow::addPages() {
+    PageArea& client = *m_controls->client;
+    const auto settings = std::make_shared<Zoom>(
+        *new PageScale({m_mainPage, m_informationPage, m_propertiesPage}, &client), Zoom::Fitting{});
+    constexpr int leastRows = 8;
+    const auto board = std::make_shared<Zoom>(*new PageScale({m_boardPage}, &client),
+                                              Zoom::Fitting{true, leastRows * rowHeight});
+    client.setFootRoom(m_foot->sizeHint().height());
+    // In the order of the page numbers.
+    client.addPage(*m_mainPage, settings);
+    client.addPage(*m_boardPage, board);
+    client.addPage(*m_informationPage, settings);
+    client.addPage(*m_propertiesPage, settings);
+    connect(m_controls->zoomin, &QAction::triggered, &client, &PageArea::zoomIn);
+    connect(m_controls->zoomout, &QAction::triggered, &client, &PageArea::zoomOut);
+    connect(m_controls->zoomfit, &QAction::triggered, &client, &PageArea::zoomToFit);
+}
+
 QAction& MainWindow::command(const QString& name) const {
     auto* action = findChild<QAction*>(name);
     if (action == nullptr)
@@ -58,8 +71,12 @@ QAction& MainWindow::command(const QString& name) const {
 }
 
 void MainWindow::scrollTo(const QWidget& widget, const QRect& area) {
-    const QPoint middle = widget.mapTo(m_controls->pages, area.center());
-    m_controls->client->ensureVisible(middle.x(), middle.y(), area.width(), area.height());
+    m_controls->client->scrollTo(widget, area);
+}
+
+void MainWindow::tell(const QString& shown, const QString& heard) {
+    m_boardPage->announce(heard);
+    m_foot->say(shown);
 }
 
 void MainWindow::present() {

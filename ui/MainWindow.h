@@ -44,6 +44,11 @@ public:
 
     /// Scrolls so that an area of a widget on a page can be seen; `area` is in the widget's pixels.
     void scrollTo(const QWidget& widget, const QRect& area);
+    /// Tells what has happened in a run: at the foot of the window until the next thing that the person does,
+    /// and to whoever listens with a screen reader.
+    void tell(const QString& news) { tell(news, news); }
+    /// The same, where what is heard has other words.
+    void tell(const QString& shown, const QString& heard);
     /// Maximises the window at the beginning of a run.
     void present();
     /// Sets the title, and maximises the window again unless the person has made it smaller since `present`.
@@ -66,6 +71,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void addPages();
+
     std::unique_ptr<ProgramState> m_state;
     std::unique_ptr<Ui::MagicSquare2> m_controls;
     MainPage* m_mainPage;

@@ -47,7 +47,7 @@ void Pages::show(int page) {
         popup->close();
     m_foot.clearMessage();
     m_state.currentPage = page;
-    m_window.pages->setCurrentIndex(page);
+    m_window.client->setCurrentIndex(page);
     m_window.client->ensureVisible(0, 0);
     m_window.options2->menuAction()->setVisible(shown.quit);
     m_window.options1->menuAction()->setVisible(shown.running);

@@ -72,7 +72,8 @@ double Drawing::condensed(TextStyle style, const DrawingGrid& grid) const {
     double condensed = 1;
     for (const DrawingItem& item : m_items)
         if (const auto* text = std::get_if<TextAtPoint>(&item); text && text->style == style && text->room)
-            condensed = std::min(condensed, *text->room / metrics.horizontalAdvance(text->text));
+            condensed =
+                std::min(condensed, *text->room * grid.enlargement() / metrics.horizontalAdvance(text->text));
     return condensed;
 }
 

@@ -17,8 +17,9 @@ public:
 
     /// Fills a rectangle of the drawing, edges included.
     virtual void fill(QPainter& painter, const QRect& pixels, const QColor& color) const = 0;
-    /// Measures texts as the device writes them, in pixels at 100 %.
+    /// The metrics of a font, given at 100 %, as large as it is shown; and how many times as large that is.
     virtual QFontMetricsF metrics(const QFont& font) const = 0;
+    virtual double enlargement() const = 0;
     /// How texts are written; `condensed` is the width drawn over the natural width, at most 1.
     virtual ShownText text(const QFont& font, double condensed) const = 0;
 };
@@ -32,6 +33,7 @@ public:
 
     void fill(QPainter& painter, const QRect& pixels, const QColor& color) const override;
     QFontMetricsF metrics(const QFont& font) const override;
+    double enlargement() const override { return 1; }
     ShownText text(const QFont& font, double condensed) const override;
 
 private:

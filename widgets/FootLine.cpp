@@ -52,6 +52,12 @@ void FootLine::say(const QString& text) {
     qApp->installEventFilter(this);
 }
 
+int FootLine::messageRoom() const {
+    // A status bar writes its messages with this much on either side.
+    constexpr int inset = 6;
+    return parentWidget()->width() - 2 * inset;
+}
+
 void FootLine::beginSheets(int sheets) {
     constexpr int milliseconds = 1000;
     m_bar.setRange(0, sheets);

@@ -21,6 +21,9 @@ public:
     /// screen.
     void say(const QString& text);
 
+    /// How wide a message may be, in pixels.
+    int messageRoom() const;
+
     /// Work on that many sheets begins. After one second a bar shows how many of them are done.
     void beginSheets(int sheets);
     void showDone(int sheets);

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QStackedWidget>
 #include <QStyleOptionButton>
 #include <QtMath>
 #include <algorithm>
@@ -37,11 +36,12 @@ void drawInUnits(const Option& option, QPainter& painter, double factor, const D
 
 } // namespace
 
-PageScale::PageScale(QStackedWidget& pages) : QProxyStyle("Fusion"), m_pages(pages) {
-    setParent(&pages);
-    for (int index = 0; index < pages.count(); ++index) {
-        QWidget* page = pages.widget(index);
+PageScale::PageScale(std::vector<QWidget*> pages, QObject* parent)
+    : QProxyStyle("Fusion"), m_pages(std::move(pages)) {
+    setParent(parent);
+    for (QWidget* page : m_pages) {
         m_pageSizes[page] = page->minimumSize();
+        page->setMinimumSize(0, 0);
         page->setStyle(this);
         for (auto* control : page->findChildren<QWidget*>()) {
             m_places[control] = control->geometry();
@@ -53,12 +53,8 @@ PageScale::PageScale(QStackedWidget& pages) : QProxyStyle("Fusion"), m_pages(pag
 
 void PageScale::setFactor(double factor) {
     m_factor = factor;
-    m_pages.setFont(enlarged(controlFont(), factor));
-    for (int index = 0; index < m_pages.count(); ++index) {
-        QWidget* page = m_pages.widget(index);
-        // Rounded down: a page that just fits must not be a pixel too large and bring up scroll bars.
-        const QSizeF size = QSizeF(m_pageSizes[page]) * factor;
-        page->setMinimumSize(qFloor(size.width() + 1e-6), qFloor(size.height() + 1e-6));
+    for (QWidget* page : m_pages) {
+        page->setFont(enlarged(controlFont(), factor));
         QEvent change(QEvent::StyleChange);
         QApplication::sendEvent(page, &change);
         for (auto* control : page->findChildren<QWidget*>()) {
@@ -67,6 +63,26 @@ void PageScale::setFactor(double factor) {
             QApplication::sendEvent(control, &change);
         }
     }
+}
+
+QSize PageScale::sizeOf(const QWidget& page) const {
+    // Rounded down: a page that just fits must not be a pixel too large and bring up scroll bars.
+    const QSizeF size = QSizeF(m_pageSizes.at(&page)) * m_factor;
+    return {qFloor(size.width() + 1e-6), qFloor(size.height() + 1e-6)};
+}
+
+QSize PageScale::wholeSize() const {
+    QSize whole;
+    for (const auto& [page, size] : m_pageSizes)
+        whole = whole.expandedTo(size);
+    return whole;
+}
+
+void PageScale::setPageSize(QWidget& page, QSize size) {
+    auto* scale = qobject_cast<PageScale*>(page.style());
+    if (scale == nullptr || std::exchange(scale->m_pageSizes[&page], size) == size)
+        return;
+    emit scale->pageResized();
 }
 
 const PageScale* PageScale::of(const QWidget& widget) {

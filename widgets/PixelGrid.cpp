@@ -5,6 +5,8 @@
 #include <QtMath>
 #include <algorithm>
 
+#include "widgets/Fonts.h"
+
 namespace quarvelle {
 
 namespace {
@@ -81,7 +83,7 @@ void PixelGrid::fill(QPainter& painter, const QRect& pixels, const QColor& color
 }
 
 QFontMetricsF PixelGrid::metrics(const QFont& font) const {
-    return QFontMetricsF(font);
+    return QFontMetricsF(enlarged(font, m_factor));
 }
 
 ShownText PixelGrid::text(const QFont& font, double condensed) const {

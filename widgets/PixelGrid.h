@@ -32,6 +32,7 @@ public:
     /// `painter` paints on the device; its transform may be any.
     void fill(QPainter& painter, const QRect& pixels, const QColor& color) const override;
     QFontMetricsF metrics(const QFont& font) const override;
+    double enlargement() const override { return m_factor; }
     ShownText text(const QFont& font, double condensed) const override;
 
 private:

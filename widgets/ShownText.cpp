@@ -16,9 +16,8 @@ ShownText ShownText::onScreen(const QFont& font, double condensed, double factor
     text.m_ascentAt100 = QFontMetricsF(font).ascent();
     text.m_ascent = QFontMetricsF(text.m_font).ascent();
     text.m_onPixels = true;
-    // The size of a font is a whole number of pixels; stretching makes up for the difference in width.
-    const double natural = font.pixelSize() * factor / text.m_font.pixelSize();
-    text.m_font.setStretch(std::max(1, qFloor(100 * condensed * natural + 1e-6)));
+    if (condensed < 1)
+        text.m_font.setStretch(std::max(1, qFloor(100 * condensed + 1e-6)));
     return text;
 }
 

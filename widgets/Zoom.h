@@ -1,37 +1,42 @@
 #pragma once
 
-#include <QObject>
-
-class QScrollArea;
+#include <QSize>
+#include <optional>
 
 namespace quarvelle {
 
 class PageScale;
 
-/// Chooses the factor of the pages: the largest at which a whole page fits into the client area, unless the
+/// Chooses the factor of the pages of a scale: the largest at which they fit into the client area, unless the
 /// person has chosen another. Theirs holds until they ask for the fitting one again, or the program ends.
-class Zoom : public QObject {
-    Q_OBJECT
-
+class Zoom {
 public:
-    /// Becomes a child of `client`, which shows the pages.
-    Zoom(QScrollArea& client, PageScale& scale);
+    /// How pages fit.
+    struct Fitting {
+        bool aboveFoot = false; ///< only above the line at the foot of the area
+        int leastHeight = 0;    ///< the area is always to be at least that high, in pixels at 100 %
+    };
 
-    void in() { step(1); }
-    void out() { step(-1); }
-    void fit();
+    /// `scale` outlives the object.
+    Zoom(PageScale& scale, Fitting fitting) : m_scale(scale), m_fitting(fitting) {}
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    PageScale& scale() const { return m_scale; }
+    bool keepsOffFoot() const { return m_fitting.aboveFoot; }
+
+    /// The area's size is `client`, of whose height the line at its foot takes `footRoom`; in pixels.
+    void follow(QSize client, int footRoom);
+
+    // Each holds from the next time that the area is followed.
+    void in();
+    void out();
+    void fit() { m_chosen.reset(); }
 
 private:
-    void step(int direction);
-    void show(double factor);
+    double fitting(QSizeF client, int footRoom) const;
 
-    QScrollArea& m_client;
     PageScale& m_scale;
-    bool m_fits = true;
-    int m_turned = 0; ///< of the wheel since the last step, in eighths of a degree
+    Fitting m_fitting;
+    std::optional<double> m_chosen;
 };
 
 } // namespace quarvelle

@@ -1,4 +1,6 @@
+#include "practice/LineTexts.h"
 #include "tests/support/WindowFixture.h"
+#include "widgets/PageScale.h"
 
 namespace quarvelle::testing {
 
@@ -8,7 +10,9 @@ protected:
     QRect selectedArea() { return board().shown(board().cellArea(selectedPlace(state()))).toRect(); }
 
     QRect inkInSelectedCell() {
-        const QImage seen = board().grab(selectedArea().adjusted(4, 4, -4, -4)).toImage();
+        // Inside its lines and the mark, which grow with the board.
+        const int lines = qRound(3 * PageScale::factorOf(board())) + 1;
+        const QImage seen = board().grab(selectedArea().adjusted(lines, lines, -lines, -lines)).toImage();
         return boundsOf(seen.convertToFormat(QImage::Format_Mono, Qt::ThresholdDither), Qt::black);
     }
 
@@ -75,17 +79,54 @@ TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
             auto* cell = heardBoard()->tableInterface()->cellAt(row.place.down - 1, row.place.across - 1);
             auto* box = QAccessible::queryAccessibleInterface(&answerBox());
             EXPECT_EQ(reader.focus, row.typed ? box : cell);
-            const QRect area = selectedArea();
-            const QImage seen = board().grab(area).toImage();
-            EXPECT_TRUE(seen.pixelColor(9, 0) == Qt::black &&
-                        seen.pixelColor(area.width() - 1, 9) == Qt::black)
-                << "the grid";
+            const QImage seen = board().grab(selectedArea()).toImage();
+            const auto colorAt = [&](QPointF pixel) {
+                return seen.pixelColor((pixel * PageScale::factorOf(board())).toPoint());
+            };
+            EXPECT_TRUE(colorAt({9, 0.5}) == Qt::black && colorAt({24.5, 9}) == Qt::black) << "the grid";
             const QColor mark(0, 96, 224);
-            EXPECT_EQ(seen.pixelColor(2, 2) == mark, row.typed == nullptr) << "the mark";
-            EXPECT_NE(seen.pixelColor(4, 9), mark) << "inside of it";
+            EXPECT_EQ(colorAt({2, 2}) == mark, row.typed == nullptr) << "the mark";
+            EXPECT_NE(colorAt({4, 9}), mark) << "inside of it";
         }
         pressKey(Qt::Key_Q);
     });
+}
+
+TEST_F(PlayTest, IsSolvedByTheLinesShownAlone) {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"5", "-2.4", "0.1"}, {"7", "-30", "1"}, {"13", "1E+15", "7"}, {"29", "0.5", "0.25"}};
+    for (QCheckBox* box : {properties().Check3, properties().Check5, properties().Check6})
+        box->setChecked(true);
+    for (const auto& [order, start, distance] : rows | untilFailure) {
+        enter(order, start, distance);
+        double total = 0;
+        events.onWait = [&] {
+            // The second time because an answer elsewhere may have left the box open on no blank.
+            command("showline")->trigger();
+            const QStringList named = reader.news.split(": "); // "Row 3: 8, 15, blank, 3, 20"
+            EXPECT_EQ(foot(), named.first());
+            command("showline")->trigger();
+            const QString heard = reader.news.section(". Sum ", 1);
+            total = leadingNumber(heard.section("Magic Total ", 1).toStdString());
+            EXPECT_TRUE(foot().contains(" = " + heard.section(',', 0, 0) + "; the Magic Total is "));
+            double sum = 0;
+            for (const QString& number : named.last().split(", "))
+                sum += leadingNumber(number.toStdString());
+            EXPECT_NEAR(sum, leadingNumber(heard.toStdString()), 1e-6 * std::fabs(sum))
+                << heard.toStdString();
+            // In units of the distance, as decimals are added.
+            const double unit = leadingNumber(distance);
+            pressKey(Qt::Key_F2);
+            typeText(QString::fromStdString(numberText(std::round((total - sum) / unit * 10) * unit / 10)));
+            pressKey(Qt::Key_Return);
+            EXPECT_EQ(state().numbersIncorrect, 0) << foot().toStdString();
+            EXPECT_FALSE(board().hasShadedLine());
+            if (state().squaresSolved > 0)
+                pressKey(Qt::Key_Q);
+        };
+        click(page().Command4);
+        EXPECT_EQ(state().squaresSolved, 1) << "of order " << order;
+    }
 }
 
 TEST_F(PlayTest, TellsWhatHappens) {
@@ -102,10 +143,13 @@ TEST_F(PlayTest, TellsWhatHappens) {
         EXPECT_EQ(answerBox().text(), "99") << "while the key is held";
         pressKey(Qt::Key_Return);
         EXPECT_EQ(reader.news, "99 is wrong. Numbers incorrect: 1");
+        EXPECT_EQ(foot(), reader.news);
         enterRightAnswer();
         for (int left = 3; left > 0 && !HasFailure(); --left) {
             EXPECT_EQ(reader.news, QString("Right. Blanks left: %1").arg(left));
+            EXPECT_EQ(foot(), reader.news);
             pressKey(Qt::Key_Tab);
+            EXPECT_EQ(foot(), "") << "the next thing that a person does";
             enterRightAnswer();
         }
         isSolved = true;

@@ -93,7 +93,7 @@ protected:
         const bool running = current == Page::board;
         const char* const names[] = {"main page", "board", "information page", "properties page"};
         m_seen.insert(names[current]);
-        expectEqual(allPages()->currentIndex(), current, "the page shown");
+        expectEqual(client()->currentIndex(), current, "the page shown");
         std::map<const QAction*, bool> offers{{menu("options2")->menuAction(), current == Page::main},
                                               {menu("options1")->menuAction(), running},
                                               {menu("printoptions")->menuAction(), !running},
@@ -128,7 +128,7 @@ protected:
         const QWidget* keyboard = window().focusWidget();
         expect(keyboard && keyboard->isVisible() && keyboard->isEnabled(), "nothing has the keyboard");
         if (plays())
-            expect(keyboard == (answerBox().isVisible() ? &answerBox() : allPages()->currentWidget()),
+            expect(keyboard == (answerBox().isVisible() ? &answerBox() : client()->currentWidget()),
                    "the keyboard is elsewhere");
     }
 
@@ -233,8 +233,9 @@ protected:
         expectEqual(boards[0].numbers.size() + open.size(), static_cast<std::size_t>(n * n), "all cells");
         const QString heard = reader.nameOf(QAccessible::queryAccessibleInterface(&window()));
         expectEqual(heard, window().windowTitle(), "the title heard");
-        const bool isWrong = reader.news.contains(" is wrong. ");
-        expect(reader.news.endsWith(QString(": %1").arg(isWrong ? score()[wrong] : open.size())), "old news");
+        const bool isWrong = reader.news.contains(" is wrong. "), isLine = reader.news.contains("blank");
+        expect(isLine || reader.news.endsWith(QString(": %1").arg(isWrong ? score()[wrong] : open.size())),
+               "old news");
         auto* table = QAccessible::queryAccessibleInterface(&window().boardPage())->tableInterface();
         for (int across = 1; across <= n; ++across)
             for (int down = 1; down <= n; ++down) {
@@ -243,6 +244,8 @@ protected:
                 const std::string name = isShown ? numberText(shown->second) : "blank";
                 if (isShown)
                     expectEqual(name, numberText(cellAt(state().square, cellOf({across, down}))), "a number");
+                if (board().isOnShadedLine({across, down}))
+                    expectEqual(!isShown, selected == Place{across, down}, "a blank on the line shown");
                 expectEqual(reader.nameOf(table->cellAt(down - 1, across - 1)).toStdString(), name, "a name");
             }
     }

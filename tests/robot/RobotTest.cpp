@@ -19,7 +19,7 @@ static const std::set<std::string> mustBeSeen{
     // clang-format off
     "information page", "properties page", "square solved", "batch", "failed batch", "stopped making",
     "stopped playing", "stopped printing", "abandoned making", "abandoned playing", "closed making",
-    "closed playing", "closed printing", "newsquare", "startover", "qplaying", "aprinting", "Ctrl+N", "Ctrl+R", "Ctrl+Q",
+    "closed playing", "closed printing", "showline", "newsquare", "startover", "qplaying", "aprinting", "Ctrl+L", "Ctrl+N", "Ctrl+R", "Ctrl+Q",
     // clang-format on
 };
 
@@ -115,14 +115,14 @@ protected:
 
     /// The controls of a class that a person sees.
     QList<QWidget*> shown(const char* className) {
-        auto widgets = allPages()->currentWidget()->findChildren<QWidget*>();
+        auto widgets = client()->currentWidget()->findChildren<QWidget*>();
         widgets.removeIf([=](auto* widget) { return !widget->isVisible() || !widget->inherits(className); });
         return widgets;
     }
 
     void clickControl() {
         auto widgets = shown(below(3) == 0 ? "QPushButton" : "QWidget");
-        widgets.push_back(allPages()->currentWidget());
+        widgets.push_back(client()->currentWidget());
         QWidget* widget = oneOf(widgets);
         m_done += " " + widget->objectName().toStdString();
         QTest::mouseClick(widget, Qt::LeftButton, {}, {below(widget->width()), below(widget->height())});
@@ -140,7 +140,7 @@ protected:
             return QRect((corner * factor).toPoint(), end - QPoint(1, 1));
         };
         const auto open = blanks();
-        QPoint point{below(900), below(700)};
+        QPoint point{below(board().width()), below(board().height())};
         // Beside the board there is nothing, whatever stands there.
         for (int i = 0; i <= n + 1; ++i)
             for (const Place& beside : {Place{0, i}, {i, 0}, {n + 1, i}, {i, n + 1}})

@@ -6,8 +6,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScrollArea>
-#include <QStackedWidget>
 #include <QTest>
 #include <stdexcept>
 
@@ -19,6 +17,8 @@
 #include "ui/InformationPage.h"
 #include "ui/MainPage.h"
 #include "ui/PropertiesPage.h"
+#include "widgets/FootLine.h"
+#include "widgets/PageArea.h"
 
 /// What failures show of Qt's values.
 template <class Value>
@@ -56,11 +56,12 @@ protected:
     const Ui::PropertiesPage& properties() { return window().propertiesPage().controls(); }
     QAction* command(const char* name) { return &window().command(name); }
     QMenu* menu(const char* name) { return window().findChild<QMenu*>(name); }
-    QStackedWidget* allPages() { return window().findChild<QStackedWidget*>("pages"); }
-    QScrollArea* client() { return window().findChild<QScrollArea*>("client"); }
+    PageArea* client() { return window().findChild<PageArea*>("client"); }
     BoardPage& board() { return window().boardPage(); }
     auto* heardBoard() { return QAccessible::queryAccessibleInterface(&board()); }
     EntryBox& answerBox() { return window().boardPage().answerBox(); }
+    /// What the foot of the window shows.
+    QString foot() { return window().foot().isVisible() ? window().foot().currentMessage() : ""; }
     std::string title() { return window().windowTitle().toStdString(); }
 
     /// Presses and releases a key where a person's would go: the open menu, or what has the focus.
@@ -136,6 +137,7 @@ protected:
 
     /// Resizes the window so that its pages have a room of that size.
     void makeRoom(QSizeF size) { window().resize(size.toSize() + QSize(0, window().menuBar()->height())); }
+    void expectFilled(QSize room);
 };
 
 } // namespace quarvelle::testing

@@ -5,6 +5,7 @@
 
 #include "tests/support/WindowFixture.h"
 #include "widgets/PageScale.h"
+#include "widgets/PixelGrid.h"
 
 namespace quarvelle::testing {
 
@@ -65,16 +66,17 @@ TEST_F(LookTest, PagesAreAlikeAtEveryFactor) {
     const std::unique_ptr<QStyle> ordinary(QStyleFactory::create("Fusion"));
     const auto draw = [&](double factor, QStyle* style) {
         makeRoom(QSizeF(PageScale::wholePage) * factor);
-        for (auto* widget : allPages()->findChildren<QWidget*>())
+        QWidget* const current = client()->currentWidget();
+        for (auto* widget : current->findChildren<QWidget*>())
             widget->setStyle(style);
         // Of so few pixels, each is the mean of a place as large as a letter.
-        const QImage seen = allPages()->grab().toImage();
+        const QImage seen = current->grab().toImage();
         return seen.scaled({96, 68}, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
             .convertToFormat(QImage::Format_Grayscale8);
     };
-    const auto expectAlike = [&] {
-        QStyle* const scaled = allPages()->currentWidget()->style();
-        const QImage alike = draw(1, ordinary.get());
+    const auto expectAlike = [&](QStyle* usual) {
+        QStyle* const scaled = client()->currentWidget()->style();
+        const QImage alike = draw(1, usual ? usual : scaled);
         const double factors[] = {1, 2, 3};
         for (const double factor : factors | untilFailure) {
             const QImage seen = draw(factor, scaled);
@@ -82,20 +84,21 @@ TEST_F(LookTest, PagesAreAlikeAtEveryFactor) {
             int different = 0;
             for (qsizetype place = 0; place < seen.sizeInBytes(); ++place)
                 different += std::abs(seen.constBits()[place] - alike.constBits()[place]) > limit;
-            EXPECT_EQ(different, 0) << "places of page " << allPages()->currentIndex() << " at factor "
+            // Numbers on the board are as wide as their font.
+            EXPECT_LE(different, usual ? 0 : 10) << "places of page " << client()->currentIndex() << " at factor "
                                     << factor;
         }
     };
     const int pages[] = {Page::information, Page::properties, Page::main};
     for (const int current : pages | untilFailure) {
-        allPages()->setCurrentIndex(current);
-        expectAlike();
+        client()->setCurrentIndex(current);
+        expectAlike(ordinary.get());
     }
     events.onWait = [&] {
-        expectAlike();
+        expectAlike(nullptr);
         pressKey(Qt::Key_F2);
         typeText("1");
-        expectAlike();
+        expectAlike(nullptr);
         pressKey(Qt::Key_Q);
     };
     enter("23", "-24", "0.5");
@@ -105,15 +108,65 @@ TEST_F(LookTest, PagesAreAlikeAtEveryFactor) {
 TEST_F(LookTest, PagesAreAsLargeAsTheyFitOrAsChosen) {
     const std::tuple<const char*, int, QSize, double> rows[] = {{"zoomfit", 0, {1140, 2000}, 1.5},
                                                                 {"zoomfit", 0, {2000, 810}, 1.5},
-                                                                {"zoomin", 20, {2000, 1080}, 4},
-                                                                {"zoomout", 2, {2000, 1080}, 3.5},
+                                                                {"zoomin", 20, {2000, 1080}, 16},
+                                                                {"zoomout", 2, {2000, 1080}, 10.24},
                                                                 {"zoomfit", 1, {2000, 1080}, 2}};
     for (const auto& [item, times, room, factor] : rows | untilFailure) {
         for (int time = 0; time < times; ++time)
             command(item)->trigger();
         makeRoom(room);
-        EXPECT_EQ(PageScale::factorOf(*page().Label1), factor) << item;
+        EXPECT_NEAR(PageScale::factorOf(*page().Label1), factor, 1e-9) << item;
+        EXPECT_EQ(PageScale::factorOf(board()), 1) << "which no page's zoom changes";
         makeRoom({1140, 2000});
+    }
+}
+
+/// The board on a client area of that size, practised there: as large as it may be, whole above the foot and
+/// in the middle, each cell pressed where it is seen.
+void LookTest::expectFilled(QSize room) {
+    makeRoom(room);
+    const int n = state().squareSize;
+    const double factor = PageScale::factorOf(board());
+    const int height = room.height() - window().foot().sizeHint().height();
+    const QSizeF whole = QSizeF(board().cellArea({n, n}).right() + 9, board().cellArea({n, n}).bottom() + 9);
+    const double most =
+        std::min({room.width() / whole.width(), height / whole.height(), room.height() / 144.0});
+    SCOPED_TRACE(::testing::Message() << n << " on " << room.width() << " x " << room.height());
+    EXPECT_NEAR(factor, std::max(most, 1.0), 1e-9);
+    if (most >= 1) {
+        const QRect area(board().mapTo(client(), QPoint(0, 0)), board().size());
+        EXPECT_EQ(board().visibleRegion(), QRegion(board().rect()));
+        EXPECT_LE(std::abs(area.left() - (room.width() - 1 - area.right())), 1);
+        EXPECT_TRUE(std::abs(area.top() - (room.height() - 1 - area.bottom())) <= 1 ||
+                    area.bottom() + 1 == height);
+        EXPECT_LE(area.bottom() + 1, height);
+    }
+    const QRect last = board().grid().onDevice(board().cellArea({n, n}).adjusted(0, 0, -1, -1));
+    const QPoint origin = board().mapTo(&window(), QPoint(0, 0));
+    for (const QPoint corner : {last.topLeft(), last.topRight(), last.bottomLeft(), last.bottomRight()}) {
+        const QPointF pressed = (QPointF(corner) + QPointF(0.1, 0.1)) / board().devicePixelRatio() - origin;
+        EXPECT_TRUE(board().placeAt(board().drawingPixel(pressed)) == Place(n, n))
+            << "a corner of the last cell";
+    }
+}
+
+TEST_F(LookTest, BoardFillsTheWindow) {
+    const QSize rooms[] = {{300, 200}, {760, 540}, {1024, 560}, {1280, 760}, {1920, 1040}, {3840, 2100}};
+    // The order, and the share of a screen of 1920 x 1080 that its grid has at least.
+    const std::pair<const char*, double> rows[] = {
+        {"5", 0.25}, {"7", 0.45}, {"11", 0.55}, {"13", 0.55}, {"29", 0.55}};
+    for (const auto& [order, share] : rows | untilFailure) {
+        events.onWait = [&] {
+            for (const QSize room : rooms | untilFailure)
+                expectFilled(room);
+            makeRoom({1920, 1040});
+            const int n = state().squareSize;
+            const QRectF grid = board().shown(board().cellArea({1, 1}) | board().cellArea({n, n}));
+            EXPECT_GE(grid.width() * grid.height(), share * 1920 * 1040) << "at order " << n;
+            command("qplaying")->trigger();
+        };
+        enter(order, "1", "1");
+        click(page().Command4);
     }
 }
 
@@ -134,7 +187,9 @@ TEST_F(LookTest, SmallScreensScroll) {
         QApplication::sendEvent(client()->viewport(), &turn);
         EXPECT_EQ(PageScale::factorOf(*page().Text2), factor) << "turned by " << angle;
         QCoreApplication::processEvents();
-        EXPECT_EQ(scrolled.maximum(), 540 * factor - client()->viewport()->height());
+        // And the foot, from under which everything comes out.
+        EXPECT_EQ(scrolled.maximum(),
+                  540 * factor + window().foot().sizeHint().height() - client()->viewport()->height());
     }
     click(page().Command2);
     EXPECT_TRUE(window().informationPage().visibleRegion().contains(QPoint(0, 0))) << "its top";
