@@ -80,13 +80,15 @@ TEST_F(LookTest, PagesAreAlikeAtEveryFactor) {
         const double factors[] = {1, 2, 3};
         for (const double factor : factors | untilFailure) {
             const QImage seen = draw(factor, scaled);
-            const int limit = factor == 1 && std::fmod(window().devicePixelRatio(), 1) == 0 ? 0 : 32;
+            const bool onWholePixels = std::fmod(window().devicePixelRatio(), 1) == 0;
+            const int limit = factor == 1 && onWholePixels ? 0 : 32;
             int different = 0;
             for (qsizetype place = 0; place < seen.sizeInBytes(); ++place)
                 different += std::abs(seen.constBits()[place] - alike.constBits()[place]) > limit;
-            // Numbers on the board are as wide as their font.
-            EXPECT_LE(different, usual ? 0 : 10) << "places of page " << client()->currentIndex() << " at factor "
-                                    << factor;
+            // Sizes of the board's numbers, and where lines are, are whole pixels: one in a hundred may
+            // differ.
+            EXPECT_LE(different, usual && onWholePixels ? 0 : 65)
+                << "places of page " << client()->currentIndex() << " at factor " << factor;
         }
     };
     const int pages[] = {Page::information, Page::properties, Page::main};
