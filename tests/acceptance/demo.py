@@ -5,7 +5,7 @@ import pathlib
 import sys
 
 import solver
-from player import Player, press, see
+from player import Player, press, see, type_text
 from stage import on_stage
 
 EVERY_SHAPE = ["Include All Cross-Diagonals", "Include All Cross-Lines", "Include All Scattered-Cross-Diagonals",
@@ -38,6 +38,28 @@ class Story:
         self.stage.picture(self.pictures / "3-solved-and-next.png")
         self.quit_playing()
 
+    def by_the_lines_shown(self):
+        print("By the lines shown alone: 7 by 7")
+        player, right = self.player, 0
+        player.choose("Size of Square", "7 by 7")
+        self.practise(7)
+        told = player.hear("a new square", lambda news: news.startswith("New square"))
+        blanks = int(told.rpartition(" ")[2])
+        while right < blanks:
+            press("ctrl+l")
+            player.hear("a line", lambda news: "blank" in news and ". Sum " not in news)
+            press("ctrl+l")
+            told = player.hear("its sum", lambda news: ". Sum " in news)
+            if right == 0:
+                self.stage.picture(self.pictures / "4-a-line-shown.png")
+            line, total = told.split(". Sum ")[0].split(": ")[1], int(told.rpartition(" ")[2])
+            type_text(total - sum(int(number) for number in line.split(", ") if number != "blank"))
+            press("Return")
+            right += 1
+            player.wait_for_score(7, int(right == blanks), right, 0)
+        print(f"  answered {right} of {blanks} blanks of a 7 by 7 square")
+        self.quit_playing()
+
     def with_the_mouse(self):
         print("With the mouse: New Square, Start Over, Quit playing")
         player = self.player
@@ -56,6 +78,7 @@ class Story:
     def tell(self):
         self.player = Player(self.stage, self.program)
         self.by_keyboard_alone()
+        self.by_the_lines_shown()
         self.player.choose("Options", "Quit")
         self.player.expect_end()
         self.player = Player(self.stage, self.program)

@@ -70,6 +70,15 @@ class Player:
     def find(self, role, name):
         return see(f"the {role} {name!r}", lambda: self.all(role, name))[0]
 
+    def hear(self, what, condition):
+        # What a screen reader was told last, once that is so.
+        # It is not shown; whoever listens gets it from the board's last child.
+        def look():
+            table = self.table()
+            news = table.get_child_at_index(table.get_child_count() - 1).get_name()
+            return condition(news) and news
+        return see(what, look)
+
     def wait_for_title(self, title):
         see(f"the title {title!r}", lambda: self.frame.get_name() == title)
 

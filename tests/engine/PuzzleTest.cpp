@@ -3,11 +3,17 @@
 
 #include "engine/BlankSelection.h"
 #include "engine/Construction.h"
+#include "engine/LinesInPlay.h"
 #include "engine/MagicArithmetic.h"
 #include "tests/support/Literal.h"
 #include "tests/support/Scripted.h"
 
 namespace quarvelle::testing {
+static Line sorted(Line line) {
+    std::ranges::sort(line);
+    return line;
+}
+
 class Puzzles : public ::testing::Test {
 protected:
     ScriptedRandom random;
@@ -30,6 +36,33 @@ protected:
         return seen;
     }
 
+    /// Solves the puzzle as a person does who is shown a line each time, and now and then holds these lines
+    /// against a search of all for those that have no other blank.
+    void solve(ProgramState& state, const std::set<Line>& lines, double total) {
+        const int n = state.squareSize;
+        for (int left = state.placeIndex - 1; left > 0 && !HasFatalFailure(); --left) {
+            const auto blank = nextGivenBlank(state, {1 + random.below(n), 1 + random.below(n)});
+            ASSERT_TRUE(blank) << left << " blanks can't be found one line at a time";
+            std::set<Line> given;
+            for (const int kind : kindsThatGive(state, *blank))
+                given.insert(sorted(Literal{state, random, events}.line(kind, *blank)));
+            const auto isOpen = [&](Cell cell) { return isBlank(cellAt(state.puzzle, cell)); };
+            if (left % 8 == 1) {
+                std::set<Line> found;
+                for (const Line& line : lines)
+                    if (std::ranges::count(line, *blank) == 1 && std::ranges::count_if(line, isOpen) == 1)
+                        found.insert(line);
+                ASSERT_TRUE(given == found) << "at " << blank->row << ", " << blank->column;
+            }
+            std::vector<double> numbers{-total};
+            for (const Cell cell : *given.begin())
+                if (!isOpen(cell))
+                    numbers.push_back(cellAt(state.puzzle, cell));
+            cellAt(state.puzzle, *blank) = -SquareNumbers(state.startNumber, state.distance).sumOf(numbers);
+        }
+        ASSERT_TRUE(state.puzzle == state.square);
+    }
+
     /// Makes puzzles one after the other in one record, as a run does: some results outlive a selection.
     /// Every eighth has as many blanks as there may be.
     void play(const std::unique_ptr<ProgramState>& state, int puzzles) {
@@ -50,8 +83,7 @@ protected:
             } else {
                 selectBlanks(*state, random, events);
             }
-            solve(state->puzzle, lines, total);
-            ASSERT_TRUE(state->puzzle == state->square) << "it can't be solved one line at a time";
+            solve(*state, lines, total);
         }
     }
 };

@@ -1,3 +1,4 @@
+#include "engine/LineKinds.h"
 #include "practice/LineTexts.h"
 #include "tests/support/WindowFixture.h"
 #include "widgets/PageScale.h"
@@ -101,7 +102,6 @@ TEST_F(PlayTest, IsSolvedByTheLinesShownAlone) {
         enter(order, start, distance);
         double total = 0;
         events.onWait = [&] {
-            // The second time because an answer elsewhere may have left the box open on no blank.
             command("showline")->trigger();
             const QStringList named = reader.news.split(": "); // "Row 3: 8, 15, blank, 3, 20"
             EXPECT_EQ(foot(), named.first());
@@ -127,6 +127,38 @@ TEST_F(PlayTest, IsSolvedByTheLinesShownAlone) {
         click(page().Command4);
         EXPECT_EQ(state().squaresSolved, 1) << "of order " << order;
     }
+}
+
+TEST(LineTexts, NameLinesAsTheyLieOnTheBoardAndAddThemUp) {
+    const auto state = stateOf(5, 1, 1);
+    const std::tuple<int, Place, const char*> rows[] = {
+        // clang-format off
+        {WholeLine::column, {4, 3}, "Row 3"}, {WholeLine::row, {5, 3}, "Column 5"},
+        {WholeLine::diagonal, {2, 2}, "Diagonal going down from row 1, column 1"},
+        {WholeLine::diagonal, {1, 3}, "Diagonal going down from row 1, column 4, around the edge"},
+        {WholeLine::antiDiagonal, {2, 4}, "Diagonal going up from row 5, column 1"},
+        {WholeLine::antiDiagonal, {1, 1}, "Diagonal going up from row 5, column 2, around the edge"},
+        {5, {2, 3}, "Cross-diagonal around row 3, column 2"},
+        {6, {1, 2}, "Cross-diagonal around row 3, column 2"},
+        {16, {1, 1}, "Cross-line around row 2, column 1, around the edge"},
+        {10, {3, 3}, "Scattered cross-diagonal around row 3, column 3"},
+        {20, {3, 2}, "Scattered cross-line around row 2, column 3, around the edge"},
+        // clang-format on
+    };
+    for (const auto& [kind, through, name] : rows | untilFailure)
+        EXPECT_EQ(lineName(*state, kind, through), name) << kind;
+    state->startNumber = -0.3;
+    state->distance = 0.1;
+    const double numbers[] = {0.1, -0.3, 1e200, 2, 0.2};
+    for (int across = 1; across <= 5; ++across)
+        cellAt(state->puzzle, cellOf({across, 2})) = numbers[across - 1];
+    const auto line = placesOnLine(*state, WholeLine::column, {3, 2});
+    const QFontMetrics metrics{QFont()};
+    EXPECT_EQ(lineSum(*state, line, metrics, 10000), "0.1 + (-0.3) + 2 + 0.2 = 2; the Magic Total is 4.5.");
+    EXPECT_EQ(lineSum(*state, line, metrics, 0),
+              QString::fromUtf8("0.1 + … + 0.2 = 2; the Magic Total is 4.5."));
+    EXPECT_EQ(lineNumbers(*state, line) + ". " + spokenSum(*state, line),
+              "0.1, -0.3, blank, 2, 0.2. Sum 2, Magic Total 4.5");
 }
 
 TEST_F(PlayTest, TellsWhatHappens) {

@@ -79,20 +79,4 @@ inline void expectComplete(const Grid& square, int n, double total) {
     EXPECT_EQ(std::ssize(numbers), n * n);
 }
 
-/// Solves the puzzle the way a person does, as far as that goes: again and again a line with one blank gives
-/// that blank. Uses only the numbers shown, the Magic Total and the lines in play.
-inline void solve(Grid& puzzle, const std::set<Line>& lines, double total) {
-    const auto isOpen = [&puzzle](Cell cell) { return cellAt(puzzle, cell) >= 1e200; };
-    const auto hasOneOpen = [&](const Line& line) { return std::ranges::count_if(line, isOpen) == 1; };
-    const auto next = [&] { return std::ranges::find_if(lines, hasOneOpen); };
-    for (auto line = next(); line != lines.end(); line = next()) {
-        double& blank = cellAt(puzzle, *std::ranges::find_if(*line, isOpen));
-        blank = 0;
-        double rest = total;
-        for (const Cell& cell : *line)
-            rest -= cellAt(puzzle, cell);
-        blank = rest;
-    }
-}
-
 } // namespace quarvelle::testing
