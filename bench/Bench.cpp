@@ -7,6 +7,7 @@
 #include "engine/BlankSelection.h"
 #include "engine/Construction.h"
 #include "engine/EventQueue.h"
+#include "engine/LinesInPlay.h"
 #include "engine/Random.h"
 #include "tests/support/Literal.h"
 
@@ -160,6 +161,31 @@ void measureDecimals() {
     }
 }
 
+/// What it takes to find the next blank that a line gives, the longest from any cell, and the lines of a
+/// blank.
+void measureLinesInPlay() {
+    for (const int order : {29, 97}) {
+        const auto state =
+            stateFor({order, {"main+all", 1, PropertyMode::none}, Difficulty::challenging, 1e9});
+        SeededRandom random(1);
+        CountingEvents events;
+        buildCompleteSquare(*state, random, events);
+        selectBlanks(*state, random, events);
+        double longest = 0;
+        double lines = never;
+        for (int row = 1; row <= order; ++row)
+            for (int column = 1; column <= order; column += 8) {
+                auto start = Clock::now();
+                const auto blank = nextGivenBlank(*state, {row, column});
+                longest = std::max(longest, secondsSince(start));
+                start = Clock::now();
+                kindsThatGive(*state, *blank);
+                lines = std::min(lines, secondsSince(start));
+            }
+        std::printf("%d,next blank given / lines of a blank,,,%.3g,%.3g,,,\n", order, longest, lines);
+    }
+}
+
 } // namespace
 } // namespace quarvelle
 
@@ -173,6 +199,7 @@ int main() {
     std::puts("order,options,difficulty,blanks,seconds_per_square,seconds_per_selection,"
               "literal_seconds_per_selection,attempts,longest_stretch_seconds");
     measureDecimals();
+    measureLinesInPlay();
     for (const int order : {5, 7, 11, 13, 17, 19, 23, 29, 53, 97, 101})
         for (const Options& options : lineOptions)
             for (const int difficulty : {Difficulty::easy, Difficulty::challenging})

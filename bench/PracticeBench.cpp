@@ -36,6 +36,21 @@ double secondsPerPaint(MainWindow& window) {
     return median(seconds);
 }
 
+/// Drags the window's corner, around a screen of 1920 x 1080, and shows the board each time.
+double secondsPerResize(MainWindow& window) {
+    std::vector<double> seconds(31);
+    int pixel = 0;
+    for (double& frame : seconds) {
+        const auto start = Clock::now();
+        ++pixel;
+        window.resize(1920 - pixel, 1080 - pixel);
+        window.repaint();
+        QCoreApplication::processEvents();
+        frame = std::chrono::duration<double>(Clock::now() - start).count();
+    }
+    return median(seconds);
+}
+
 /// Ends a run of practice as soon as its first board has been painted.
 class FirstBoard final : public QObject, public EventQueue {
 public:
@@ -44,8 +59,10 @@ public:
         m_events.wait();
         if (m_painted) {
             m_shown = Clock::now();
-            if (m_measuresPaint)
+            if (m_measuresPaint) {
                 m_secondsPerPaint = quarvelle::secondsPerPaint(*m_window);
+                m_secondsPerResize = secondsPerResize(*m_window);
+            }
             m_window->state().stopRequested = Request::stop;
         }
     }
@@ -74,6 +91,9 @@ public:
         return m_secondsPerPaint;
     }
 
+    /// Once that board has been painted so.
+    double secondsPerResizedFrame() const { return m_secondsPerResize; }
+
     double secondsPerTurn() {
         constexpr int turns = 1000000;
         const auto start = Clock::now();
@@ -87,6 +107,7 @@ private:
     MainWindow* m_window = nullptr;
     Clock::time_point m_shown;
     double m_secondsPerPaint = 0;
+    double m_secondsPerResize = 0;
     bool m_painted = false;
     bool m_measuresPaint = false;
 };
@@ -112,9 +133,10 @@ int main(int argc, char** argv) {
         QCoreApplication::processEvents();
     }
     std::puts("order,seconds_to_first_board,seconds_to_board_median,seconds_to_board_longest,"
-              "seconds_per_4k_paint,seconds_per_empty_turn");
-    std::printf("%d,%.3g,%.3g,%.3g,%.3g,%.3g\n", state.squareSize, seconds.front(), median(seconds),
-                *std::max_element(seconds.begin(), seconds.end()), events.secondsPerPaint(program.window()),
+              "seconds_per_4k_paint,seconds_per_resized_frame,seconds_per_empty_turn");
+    const double paint = events.secondsPerPaint(program.window());
+    std::printf("%d,%.3g,%.3g,%.3g,%.3g,%.3g,%.3g\n", state.squareSize, seconds.front(), median(seconds),
+                *std::max_element(seconds.begin(), seconds.end()), paint, events.secondsPerResizedFrame(),
                 events.secondsPerTurn());
     return EXIT_SUCCESS;
 }

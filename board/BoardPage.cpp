@@ -140,35 +140,38 @@ bool BoardPage::isOnShadedLine(Place place) const {
 
 /// Light enough for the numbers, with a bar that tells the line to whoever doesn't see the hue.
 void BoardPage::paintLine(QPainter& painter, const PixelGrid& grid) const {
-    constexpr int bar = 2;
+    const int bar = 2 * grid.thickness();
     painter.save();
     // What is drawn there shows through.
     painter.setCompositionMode(QPainter::CompositionMode_Multiply);
     for (const Place place : m_line) {
-        const QRect inside = cellArea(place).adjusted(1, 1, -1, -1);
-        grid.fill(painter, inside, QColor(176, 228, 184));
-        grid.fill(painter, inside.adjusted(0, inside.height() - bar, 0, 0), QColor(0, 110, 50));
+        const QRect inside = insideOf(place, grid);
+        PixelGrid::fillDevice(painter, inside, QColor(176, 228, 184));
+        PixelGrid::fillDevice(painter, inside.adjusted(0, inside.height() - bar, 0, 0), QColor(0, 110, 50));
     }
     painter.restore();
+}
+
+/// A cell without its grid lines, which stay visible around it, in pixels of the screen.
+QRect BoardPage::insideOf(Place place, const PixelGrid& grid) const {
+    return grid.betweenLines(cellArea(place).adjusted(1, 1, -1, -1));
 }
 
 void BoardPage::paintAbove(QPainter& painter) {
     const PixelGrid grid = PixelGrid::painted(painter, 1);
     paintLine(painter, grid);
+    if (!hasPuzzle())
+        return;
+    const QRect inside = insideOf(selectedPlace(m_state), grid);
     if (answerBox().isVisible()) {
-        // The grid lines around the cell stay visible.
-        const QRect cell = PageScale::placeOf(answerBox()).adjusted(1, 1, -1, 0);
-        grid.fill(painter, cell, answerBox().palette().color(QPalette::Window));
-    } else if (hasPuzzle()) {
-        constexpr int thickness = 2;
-        const QRect inside = cellArea(selectedPlace(m_state)).adjusted(1, 1, -1, -1);
-        const int across = inside.width() - thickness;
-        const int down = inside.height() - thickness;
-        // The sides overlap at the corners: areas that only touch have gaps between them when enlarged.
-        for (const QRect& side : {inside.adjusted(0, 0, -across, 0), inside.adjusted(across, 0, 0, 0),
-                                  inside.adjusted(0, 0, 0, -down), inside.adjusted(0, down, 0, 0)})
-            grid.fill(painter, side, QColor(0, 96, 224));
+        PixelGrid::fillDevice(painter, inside, answerBox().palette().color(QPalette::Window));
+        return;
     }
+    const int across = inside.width() - 2 * grid.thickness();
+    const int down = inside.height() - 2 * grid.thickness();
+    for (const QRect& side : {inside.adjusted(0, 0, -across, 0), inside.adjusted(across, 0, 0, 0),
+                              inside.adjusted(0, 0, 0, -down), inside.adjusted(0, down, 0, 0)})
+        PixelGrid::fillDevice(painter, side, QColor(0, 96, 224));
 }
 
 void BoardPage::announce(const QString& news) {

@@ -71,6 +71,7 @@ private:
     void tellFocus();
 
     void paintLine(QPainter& painter, const PixelGrid& grid) const;
+    QRect insideOf(Place place, const PixelGrid& grid) const;
 
     Ui::BoardPage m_controls;
     const ProgramState& m_state;

@@ -73,13 +73,24 @@ QRect PixelGrid::onDevice(const QRect& pixels) const {
             QPoint(x.last(pixels.right(), isLine), y.last(pixels.bottom(), isLine))};
 }
 
+QRect PixelGrid::betweenLines(const QRect& pixels) const {
+    const Axis x = across(m_toDevice, m_thickness);
+    const Axis y = down(m_toDevice, m_thickness);
+    return {QPoint(x.begin(pixels.left() - 1) + m_thickness, y.begin(pixels.top() - 1) + m_thickness),
+            QPoint(x.begin(pixels.right() + 1) - 1, y.begin(pixels.bottom() + 1) - 1)};
+}
+
 QPoint PixelGrid::pixelAt(const QPointF& point) const {
     return {across(m_toDevice, m_thickness).pixelAt(point.x()),
             down(m_toDevice, m_thickness).pixelAt(point.y())};
 }
 
 void PixelGrid::fill(QPainter& painter, const QRect& pixels, const QColor& color) const {
-    painter.fillRect(painter.deviceTransform().inverted().mapRect(QRectF(onDevice(pixels))), color);
+    fillDevice(painter, onDevice(pixels), color);
+}
+
+void PixelGrid::fillDevice(QPainter& painter, const QRect& area, const QColor& color) {
+    painter.fillRect(painter.deviceTransform().inverted().mapRect(QRectF(area)), color);
 }
 
 QFontMetricsF PixelGrid::metrics(const QFont& font) const {

@@ -26,11 +26,17 @@ public:
     /// The device pixels that a rectangle covers, edges included. Lines one pixel thick are equally thick
     /// everywhere. A larger area doesn't reach into a line beside it, nor beyond a line on its own edge.
     QRect onDevice(const QRect& pixels) const;
+    /// The same of an area whose edges lie between lines right beside it: it covers all up to them.
+    QRect betweenLines(const QRect& pixels) const;
+    /// How thick a line is, in device pixels.
+    int thickness() const { return m_thickness; }
     /// The pixel of the drawing that is shown at a point of the device.
     QPoint pixelAt(const QPointF& point) const;
 
     /// `painter` paints on the device; its transform may be any.
     void fill(QPainter& painter, const QRect& pixels, const QColor& color) const override;
+    /// Fills pixels of the device.
+    static void fillDevice(QPainter& painter, const QRect& area, const QColor& color);
     QFontMetricsF metrics(const QFont& font) const override;
     double enlargement() const override { return m_factor; }
     ShownText text(const QFont& font, double condensed) const override;

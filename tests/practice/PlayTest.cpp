@@ -82,7 +82,8 @@ TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
             EXPECT_EQ(reader.focus, row.typed ? box : cell);
             const QImage seen = board().grab(selectedArea()).toImage();
             const auto colorAt = [&](QPointF pixel) {
-                return seen.pixelColor((pixel * PageScale::factorOf(board())).toPoint());
+                return seen.pixelColor(
+                    (pixel * PageScale::factorOf(board()) * seen.devicePixelRatio()).toPoint());
             };
             EXPECT_TRUE(colorAt({9, 0.5}) == Qt::black && colorAt({24.5, 9}) == Qt::black) << "the grid";
             const QColor mark(0, 96, 224);

@@ -143,6 +143,18 @@ void LookTest::expectFilled(QSize room) {
                     area.bottom() + 1 == height);
         EXPECT_LE(area.bottom() + 1, height);
     }
+    // The mark has no gap beside the lines, to the last pixel of the screen.
+    const QImage seen = board().grab().toImage();
+    const double unit = factor * seen.devicePixelRatio();
+    const QPoint middle = (QPointF(board().cellArea(selectedPlace(state())).center()) * unit).toPoint();
+    for (const QPoint way : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)}) {
+        QPoint last = middle;
+        while (seen.pixelColor(last) != QColor(0, 96, 224))
+            last += way;
+        while (seen.pixelColor(last) == QColor(0, 96, 224))
+            last += way;
+        EXPECT_EQ(seen.pixelColor(last), QColor(Qt::black)) << "beside the mark";
+    }
     const QRect last = board().grid().onDevice(board().cellArea({n, n}).adjusted(0, 0, -1, -1));
     const QPoint origin = board().mapTo(&window(), QPoint(0, 0));
     for (const QPoint corner : {last.topLeft(), last.topRight(), last.bottomLeft(), last.bottomRight()}) {
