@@ -127,8 +127,10 @@ int AccessibleBoard::childCount() const {
 }
 
 QAccessibleInterface* AccessibleBoard::child(int index) const {
-    const int cells = order() * order();
-    return index < cells ? cellAt(index / order(), index % order()) : QAccessibleWidget::child(index - cells);
+    const int n = order();
+    if (index < 0 || n == 0 || index >= n * n)
+        return QAccessibleWidget::child(index - n * n);
+    return cellAt(index / n, index % n);
 }
 
 int AccessibleBoard::indexOfChild(const QAccessibleInterface* child) const {

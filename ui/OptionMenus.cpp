@@ -29,8 +29,8 @@ constexpr OptionItem optionItems[] = {
 } // namespace
 
 OptionMenus::OptionMenus(ProgramState& state, const Ui::MagicSquare2& window) {
-    QActionGroup* group = nullptr;
-    int ProgramState::*groupField = nullptr;
+    auto* group = new QActionGroup(this);
+    int ProgramState::*groupField = optionItems[0].field;
     for (const OptionItem& item : optionItems) {
         if (item.field != groupField)
             group = new QActionGroup(this);
