@@ -26,5 +26,10 @@ inline Place placeOf(Cell cell) {
 inline Place selectedPlace(const ProgramState& state) {
     return placeOf({state.selectedRow, state.selectedColumn});
 }
+inline void selectPlace(ProgramState& state, Place place) {
+    const Cell cell = cellOf(place);
+    state.selectedRow = cell.row;
+    state.selectedColumn = cell.column;
+}
 
 } // namespace quarvelle

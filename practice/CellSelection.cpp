@@ -62,9 +62,7 @@ void CellSelection::moveTo(Place place) {
     BoardPage& board = m_window.boardPage();
     if (place != selectedPlace(state))
         board.clearLine();
-    const Cell cell = cellOf(place);
-    state.selectedRow = cell.row;
-    state.selectedColumn = cell.column;
+    selectPlace(state, place);
     const QRect area = board.cellArea(place);
     state.selectedCellX = area.left();
     state.selectedCellY = area.top();

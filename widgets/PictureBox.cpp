@@ -13,8 +13,8 @@ namespace quarvelle {
 namespace {
 
 struct Mark {
-    int row;
-    int column;
+    int down;
+    int across;
 };
 
 struct Picture {
@@ -51,7 +51,7 @@ void drawGrid(QPainter& painter, const PixelGrid& grid, QPoint corner) {
 }
 
 QPointF middle(const Mark& mark) {
-    return {(mark.column - 0.5) * cellWidth + 0.5, (mark.row - 0.5) * cellHeight + 0.5};
+    return {(mark.across - 0.5) * cellWidth + 0.5, (mark.down - 0.5) * cellHeight + 0.5};
 }
 
 void drawStrokes(QPainter& painter, const std::vector<Mark>& marks, QPointF arm, QPointF otherArm) {
