@@ -165,10 +165,10 @@ QAccessibleInterface* AccessibleBoard::selectedCell() const {
 QAccessibleInterface* AccessibleBoard::cellAt(int row, int column) const {
     if (row < 0 || column < 0 || row >= order() || column >= order())
         return nullptr;
-    const Place place{column + 1, row + 1};
-    const auto [cell, isNew] = m_cells.try_emplace(place);
+    const auto [cell, isNew] = m_cells.try_emplace(row * order() + column);
     if (isNew)
-        cell->second = QAccessible::registerAccessibleInterface(new AccessibleCell(m_board, place));
+        cell->second =
+            QAccessible::registerAccessibleInterface(new AccessibleCell(m_board, Place{column + 1, row + 1}));
     return QAccessible::accessibleInterface(cell->second);
 }
 
@@ -177,7 +177,7 @@ void AccessibleBoard::modelChange(QAccessibleTableModelChangeEvent*) {
 }
 
 void AccessibleBoard::dropCells() const {
-    for (const auto& [place, id] : m_cells)
+    for (const auto& [index, id] : m_cells)
         QAccessible::deleteAccessibleInterface(id);
     m_cells.clear();
 }

@@ -1,9 +1,7 @@
 #pragma once
 
 #include <QAccessibleWidget>
-#include <map>
-
-#include "board/Place.h"
+#include <unordered_map>
 
 namespace quarvelle {
 
@@ -56,7 +54,7 @@ private:
     void dropCells() const;
 
     BoardPage& m_board;
-    mutable std::map<Place, QAccessible::Id> m_cells; ///< of the cells asked for so far
+    mutable std::unordered_map<int, QAccessible::Id> m_cells; ///< those asked for, by `child` index
 };
 
 } // namespace quarvelle
