@@ -1,6 +1,7 @@
 #include "engine/Numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -62,10 +63,25 @@ std::string fixedForm(const Decimal& decimal) {
            decimal.digits.substr(static_cast<std::size_t>(point));
 }
 
+/// What may come before a pasted number: white space and line ends, a no-break space and Unicode's own line
+/// and paragraph separators, which Qt's boxes make of line ends.
+constexpr std::array<std::string_view, 9> blanks{" ",  "\t",       "\n",           "\r",          "\v",
+                                                 "\f", "\xC2\xA0", "\xE2\x80\xA8", "\xE2\x80\xA9"};
+
+void skipBlanks(std::string_view& text) {
+    const auto isNext = [&text](std::string_view blank) { return text.starts_with(blank); };
+    const auto* blank = blanks.begin();
+    while (blank != blanks.end()) {
+        blank = std::find_if(blanks.begin(), blanks.end(), isNext);
+        if (blank != blanks.end())
+            text.remove_prefix(blank->size());
+    }
+}
+
 } // namespace
 
 double leadingNumber(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+    skipBlanks(text);
     bool negative = false;
     if (!text.empty() && (text[0] == '+' || text[0] == '-')) {
         negative = text[0] == '-';

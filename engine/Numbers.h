@@ -6,9 +6,9 @@
 namespace quarvelle {
 
 /// The decimal number that `text` begins with, 0 if it begins with none: optional sign, digits, optional
-/// point and fraction (".5" and "5." count), optional exponent with digits. Leading blanks are skipped; the
-/// locale plays no part. Infinities, NaN, hexadecimal and values outside the range of a double are not
-/// numbers.
+/// point and fraction (".5" and "5." count), optional exponent with digits. Leading blanks, line ends and
+/// no-break spaces are skipped; the locale plays no part. Infinities, NaN, hexadecimal and values outside the
+/// range of a double are not numbers.
 double leadingNumber(std::string_view text);
 
 /// The shortest decimal text of `value` rounded to 15 significant digits. Exponent form ("1.5E+16", at least

@@ -89,7 +89,7 @@ void MainPage::showcounts(int n) {
 }
 
 QString MainPage::whyDisabled(const QWidget* button) const {
-    if (button->isEnabled())
+    if (button->isEnabledTo(this))
         return {};
     if (!hasPlayableNumbers(m_state))
         return "The numbers are too large.";

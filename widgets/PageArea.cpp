@@ -35,6 +35,7 @@ void PageArea::setFootRoom(int height) {
 void PageArea::addPage(QWidget& page, std::shared_ptr<Zoom> zoom) {
     page.setParent(m_stage);
     page.setVisible(m_pages.empty());
+    page.setEnabled(m_pages.empty());
     connect(&zoom->scale(), &PageScale::pageResized, this, &PageArea::layOut, Qt::UniqueConnection);
     m_pages.push_back({&page, std::move(zoom)});
     layOut();
@@ -46,11 +47,14 @@ void PageArea::setCurrentIndex(int index) {
     if (last == currentWidget())
         return;
     layOut();
+    // What is hidden can still be pressed by way of assistive technology, unless it is disabled.
+    currentWidget()->setEnabled(true);
     currentWidget()->show();
     // Hidden with the keyboard, a page would leave it to nobody.
     if (last->isAncestorOf(window()->focusWidget()))
         currentWidget()->setFocus();
     last->hide();
+    last->setEnabled(false);
 }
 
 void PageArea::zoomIn() {

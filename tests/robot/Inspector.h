@@ -187,7 +187,9 @@ protected:
         const bool fits = board.hasAllCells && hasPlayableNumbers(state());
         if (running)
             return expect(state().practising == 0 || fits, "practises what doesn't fit");
-        expectEqual(page().Command4->isEnabled(), fits, "the offer of practice");
+        expectEqual(page().Command4->isEnabledTo(&window().mainPage()), fits, "the offer of practice");
+        expectEqual(page().Command2->isEnabled(), state().currentPage == Page::main,
+                    "the way to the information");
         expectEqual(page().Label19->isHidden(), fits, "the silence about the page");
     }
 
