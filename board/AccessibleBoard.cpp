@@ -165,7 +165,7 @@ QAccessibleInterface* AccessibleBoard::selectedCell() const {
 QAccessibleInterface* AccessibleBoard::cellAt(int row, int column) const {
     if (row < 0 || column < 0 || row >= order() || column >= order())
         return nullptr;
-    const auto [cell, isNew] = m_cells.try_emplace(row * order() + column);
+    const auto [cell, isNew] = m_cells.try_emplace(row * (maxOrder + 1) + column);
     if (isNew)
         cell->second =
             QAccessible::registerAccessibleInterface(new AccessibleCell(m_board, Place{column + 1, row + 1}));

@@ -54,7 +54,7 @@ private:
     void dropCells() const;
 
     BoardPage& m_board;
-    mutable std::unordered_map<int, QAccessible::Id> m_cells; ///< those asked for, by `child` index
+    mutable std::unordered_map<int, QAccessible::Id> m_cells; ///< those asked for, by row and column
 };
 
 } // namespace quarvelle

@@ -57,8 +57,8 @@ void AnswerEntry::takeWrongAnswer(double entry) {
     if (entry != 0 || box.text() == "0") {
         ++state.numbersIncorrect;
         m_window.showTitle(scoreTitle(state));
-        m_window.tell(
-            QString("%1 is wrong. Numbers incorrect: %2").arg(box.text()).arg(state.numbersIncorrect));
+        m_window.tell(QString("%1 is wrong. Numbers incorrect: %2")
+                          .arg(box.text(), QString::number(state.numbersIncorrect)));
     }
     box.clear();
 }

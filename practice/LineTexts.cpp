@@ -106,7 +106,7 @@ QString lineSum(const ProgramState& state, const std::vector<Place>& line, const
         summands << summand(number);
     const QString end = QString(" = %1; the Magic Total is %2.").arg(sumOf(state, line), totalOf(state));
     qsizetype left = 0;
-    while (left < summands.size() - 2 && metrics.horizontalAdvance(joined(summands, left) + end) > room)
+    while (left < summands.size() && metrics.horizontalAdvance(joined(summands, left) + end) > room)
         ++left;
     return joined(summands, left) + end;
 }

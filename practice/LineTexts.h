@@ -17,7 +17,7 @@ std::vector<Place> placesOnLine(const ProgramState& state, int kind, Place throu
 QString lineName(const ProgramState& state, int kind, Place through);
 
 /// The numbers on a line added up, its blank left out: "8 + (-15) + 3 = -4; the Magic Total is 65." Where
-/// that is wider than `room` pixels, numbers in the middle are left out.
+/// that is wider than `room` pixels, numbers are left out, from the middle on, but never the sum.
 QString lineSum(const ProgramState& state, const std::vector<Place>& line, const QFontMetrics& metrics,
                 int room);
 

@@ -27,9 +27,9 @@ void ShowLine::showline_Click() {
     }
     if (!goesOn)
         goToGivenBlank();
-    // An answer elsewhere may have brought in another line since, but none goes before the blank is found.
     const std::vector<int> kinds = kindsThatGive(state, cellOf(m_selection.place()));
-    if (kinds.empty())
+    // There is no blank when the last one has just been answered.
+    if (!m_selection.isBlank(m_selection.place()) || kinds.empty())
         return;
     const auto next = std::upper_bound(kinds.begin(), kinds.end(), goesOn ? m_kind : 0);
     m_kind = next == kinds.end() ? kinds.front() : *next;
@@ -52,12 +52,25 @@ void ShowLine::goToGivenBlank() {
 void ShowLine::tell() const {
     const ProgramState& state = m_window.state();
     const std::vector<Place> line = placesOnLine(state, m_kind, m_selection.place());
-    const QString name = lineName(state, m_kind, m_selection.place()) + (m_hasSum ? ": " : "");
-    const QString spoken = lineName(state, m_kind, m_selection.place()) + ": " + lineNumbers(state, line);
+    const QString name = lineName(state, m_kind, m_selection.place());
+    const QString spoken = name + ": " + lineNumbers(state, line);
+    if (m_hasSum)
+        m_window.tell(shownSum(name, line), spoken + ". " + spokenSum(state, line));
+    else
+        m_window.tell(name, spoken);
+}
+
+/// With the line's name, if the window is wide enough for that.
+QString ShowLine::shownSum(const QString& name, const std::vector<Place>& line) const {
+    const ProgramState& state = m_window.state();
     const FootLine& foot = m_window.foot();
-    const int room = foot.messageRoom() - foot.fontMetrics().horizontalAdvance(name);
-    m_window.tell(m_hasSum ? name + lineSum(state, line, foot.fontMetrics(), room) : name,
-                  m_hasSum ? spoken + ". " + spokenSum(state, line) : spoken);
+    const QFontMetrics metrics = foot.fontMetrics();
+    const QString begin = name + ": ";
+    const QString named =
+        begin + lineSum(state, line, metrics, foot.messageRoom() - metrics.horizontalAdvance(begin));
+    return metrics.horizontalAdvance(named) <= foot.messageRoom()
+               ? named
+               : lineSum(state, line, metrics, foot.messageRoom());
 }
 
 } // namespace quarvelle

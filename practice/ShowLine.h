@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <vector>
 
 #include "practice/CellSelection.h"
 
@@ -24,6 +25,7 @@ public:
 private:
     void goToGivenBlank();
     void tell() const;
+    QString shownSum(const QString& name, const std::vector<Place>& line) const;
 
     MainWindow& m_window;
     CellSelection m_selection;

@@ -50,14 +50,16 @@ void MainWindow::addPages() {
     const auto settings = std::make_shared<Zoom>(
         *new PageScale({m_mainPage, m_informationPage, m_propertiesPage}, &client), Zoom::Fitting{});
     constexpr int leastRows = 8;
-    const auto board = std::make_shared<Zoom>(*new PageScale({m_boardPage}, &client),
-                                              Zoom::Fitting{true, leastRows * rowHeight});
-    client.setFootRoom(m_foot->sizeHint().height());
+    const Zoom::Fitting boardFitting{true, leastRows * rowHeight};
+    const auto board = std::make_shared<Zoom>(*new PageScale({m_boardPage}, &client), boardFitting);
     // In the order of the page numbers.
     client.addPage(*m_mainPage, settings);
     client.addPage(*m_boardPage, board);
     client.addPage(*m_informationPage, settings);
     client.addPage(*m_propertiesPage, settings);
+    // The board again, which shows the sheets of a batch as large as they fit, whatever was chosen in
+    // practice.
+    client.addPage(*m_boardPage, std::make_shared<Zoom>(board->scale(), boardFitting));
     connect(m_controls->zoomin, &QAction::triggered, &client, &PageArea::zoomIn);
     connect(m_controls->zoomout, &QAction::triggered, &client, &PageArea::zoomOut);
     connect(m_controls->zoomfit, &QAction::triggered, &client, &PageArea::zoomToFit);
@@ -119,6 +121,7 @@ void MainWindow::Form_Unload() {
 
 void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
+    m_controls->client->setFootRoom(m_foot->sizeHint().height());
     if (!m_activated) {
         m_activated = true;
         Form_Activate();

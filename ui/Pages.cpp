@@ -47,7 +47,9 @@ void Pages::show(int page) {
         popup->close();
     m_foot.clearMessage();
     m_state.currentPage = page;
-    m_window.client->setCurrentIndex(page);
+    // Behind the pages of those numbers stands the board as a batch shows it.
+    const bool showsSheets = page == Page::board && m_state.practising != 1;
+    m_window.client->setCurrentIndex(showsSheets ? static_cast<int>(pageMenus.size()) : page);
     m_window.client->ensureVisible(0, 0);
     m_window.options2->menuAction()->setVisible(shown.quit);
     m_window.options1->menuAction()->setVisible(shown.running);

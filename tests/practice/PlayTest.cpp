@@ -156,8 +156,7 @@ TEST(LineTexts, NameLinesAsTheyLieOnTheBoardAndAddThemUp) {
     const auto line = placesOnLine(*state, WholeLine::column, {3, 2});
     const QFontMetrics metrics{QFont()};
     EXPECT_EQ(lineSum(*state, line, metrics, 10000), "0.1 + (-0.3) + 2 + 0.2 = 2; the Magic Total is 4.5.");
-    EXPECT_EQ(lineSum(*state, line, metrics, 0),
-              QString::fromUtf8("0.1 + … + 0.2 = 2; the Magic Total is 4.5."));
+    EXPECT_EQ(lineSum(*state, line, metrics, 0), QString::fromUtf8("… = 2; the Magic Total is 4.5."));
     EXPECT_EQ(lineNumbers(*state, line) + ". " + spokenSum(*state, line),
               "0.1, -0.3, blank, 2, 0.2. Sum 2, Magic Total 4.5");
 }
