@@ -160,18 +160,18 @@ TEST_F(Puzzles, AreSolvableLineByLineAndEqualToTheLiteralOnes) {
 }
 
 TEST(Square, FollowsItsDraws) {
-    ScriptedRandom random(
-        {// 1 stands in (3, 5). The first axis steps two down and one across and holds 1, 4, 2, 7, 3, 6, 5; a
-         // second 4 is drawn over.
-         0.36, 0.64, 0.9, 0.6, 0.42, 0.08, 0.42, 0.92, 0.25, 0.75, 0.58,
-         // That direction is taken: the second steps one up and two across. It holds 1, 15, 43, 8, 29,
-         // 22, 36.
-         0.1, 0.6, 0.1, 0.3, 0.25, 0.92, 0.08, 0.58, 0.42, 0.75});
+    const std::vector<double> draws{
+        // 1 stands in (3, 5). The first axis steps two down and one across and holds 1, 4, 2, 7, 3, 6, 5; a
+        // second 4 is drawn over.
+        0.36, 0.64, 0.9, 0.6, 0.42, 0.08, 0.42, 0.92, 0.25, 0.75, 0.58,
+        // That direction is taken: the second steps one up and two across. It holds 1, 15, 43, 8, 29, 22, 36.
+        0.1, 0.6, 0.1, 0.3, 0.25, 0.92, 0.08, 0.58, 0.42, 0.75};
     const std::array<double, 7> rows[] = {{10, 43, 21, 5, 37, 27, 32}, {7, 40, 23, 34, 11, 45, 15},
                                           {30, 13, 46, 17, 1, 42, 26}, {18, 3, 36, 28, 33, 9, 48},
                                           {22, 35, 12, 44, 20, 4, 38}, {47, 16, 6, 39, 24, 29, 14},
                                           {41, 25, 31, 8, 49, 19, 2}};
     const auto state = stateOf(7, 1, 0);
+    ScriptedRandom random(draws);
     ScriptedEvents events;
     buildCompleteSquare(*state, random, events);
     for (int row = 0; row < 7; ++row)
