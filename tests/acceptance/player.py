@@ -142,14 +142,6 @@ class Player:
             letter = Atspi.Action.get_key_binding(self.find("menu item", item), 0)[-1].lower()
             press(letter if self.all("popup menu") else f"alt+{letter}")
 
-    def go_to(self, board, cell):
-        # From blank to blank, as they are read.
-        table = self.table()
-        blanks = sorted(place for place, number in board.items() if number is None)
-        for blank in blanks[:blanks.index(cell) + 1]:
-            press("Home" if blank == blanks[0] else "Tab")
-            self.wait_for(Atspi.Table.get_accessible_at(table, *blank), State.FOCUSED)
-
     # --- Mouse ---
 
     def click(self, control):
@@ -161,7 +153,7 @@ class Player:
             self.click(self.find("menu item", item))
         see("the menu close", lambda: not self.all("popup menu"))
 
-    def click_on(self, _, place):
+    def click_on(self, place):
         cell = Atspi.Table.get_accessible_at(self.table(), *place)
         self.click(cell)
         # The window manager may hold a click back, but no keys.
@@ -170,23 +162,22 @@ class Player:
 
     # --- Either ---
 
-    def answer(self, reach, order, total, in_play, count=None):
-        # A whole square, after which the next one comes, or so many of its blanks; after one wrong answer.
+    def answer(self, numbers_of, order, total, in_play):
+        # The blanks that are come to one after the other, with their numbers; the first is answered wrong before.
         board = self.board()
         answers = solver.solve(board, total, in_play)
         blanks = sum(number is None for number in board.values())
         expect("the number of blanks to be found", len(answers), blanks)
-        for right, (cell, number) in enumerate(answers[:count], 1):
-            reach(board, cell)
+        for right, number in enumerate(numbers_of(answers), 1):
             if right == 1:
                 type_text(98 if number == 99 else 99)
                 press("Return")
                 self.wait_for_score(order, 0, 0, 1)
             type_text(number)
             press("Return")
-            board[cell] = number
             self.wait_for_score(order, int(right == blanks), right, 1)
-        see("the answers", lambda: self.board() == board if count else None in self.board().values())
+        given = {**board, **dict(answers[:right])}
+        see("the answers", lambda: None in self.board().values() if right == blanks else self.board() == given)
         print(f"  answered {right} of {blanks} blanks of a {order} by {order} square")
 
     # --- The print dialog ---

@@ -74,19 +74,14 @@ class Check:
     def __init__(self, stage, program, pictures, queue):
         self.stage, self.pictures, self.queue = stage, pictures, queue
         self.player = Player(stage, program)
-        self.entries, self.mode = {}, BOTH
 
     def order(self, batch, path):
-        # Enters what differs from the batch before, and has it made, for the printer or in a file.
+        # Has it made, for the printer or in a file.
         player = self.player
-        if batch.mode != self.mode:
-            player.click_menu("Print Options", batch.mode)
-        self.mode = batch.mode
+        player.click_menu("Print Options", batch.mode)
         for name, value in {"Size of Square": batch.order, "Starting Number": batch.start,
                             "Distance": batch.distance, "Print how many": batch.count}.items():
-            if self.entries.get(name) != value:
-                player.enter(name, value)
-            self.entries[name] = value
+            player.enter(name, value)
         player.push("Create")
         if not batch.on_queue:
             player.print_to(path)

@@ -47,22 +47,14 @@ def end(process):
 
 
 class Stage:
-    def __init__(self, size):
-        for order in (signal.SIGTERM, signal.SIGHUP):
-            signal.signal(order, lambda number, _: sys.exit(128 + number))
-        with contextlib.ExitStack() as self._ends:
-            # The name of a socket must be short, which a person's own folder for temporary files need not be.
-            self.scratch = pathlib.Path(self._ends.enter_context(
-                tempfile.TemporaryDirectory(prefix="quarvelle-", dir="/tmp", ignore_cleanup_errors=True)))
-            self.log = self._ends.enter_context(open(self.scratch / "log", "w+"))
-            try:
-                self._set(size)
-            except Failure as failure:
-                raise Failure(f"{failure}\n{self.said()}") from failure
-            self._ends = self._ends.pop_all()
-            self.close = self._ends.close
+    def __init__(self, ends):
+        self._ends = ends
+        # The name of a socket must be short, which a person's own folder for temporary files need not be.
+        self.scratch = pathlib.Path(ends.enter_context(
+            tempfile.TemporaryDirectory(prefix="quarvelle-", dir="/tmp", ignore_cleanup_errors=True)))
+        self.log = ends.enter_context(open(self.scratch / "log", "w+"))
 
-    def _set(self, size):
+    def set(self, size):
         kept = {name: os.environ[name] for name in ("PATH", "LANG", "LC_ALL", "LOCPATH", "TZ") if name in os.environ}
         runtime = self.scratch / "run"
         runtime.mkdir(mode=0o700)
@@ -112,12 +104,17 @@ def on_stage(pictures, size="1024x700"):
     pictures.mkdir(parents=True, exist_ok=True)
     for left in pictures.glob("failure.*"):
         left.unlink()
-    with contextlib.closing(Stage(size)) as stage:
+    for order in (signal.SIGTERM, signal.SIGHUP):
+        signal.signal(order, lambda number, _: sys.exit(128 + number))
+    with contextlib.ExitStack() as ends:
+        stage = Stage(ends)
         try:
+            stage.set(size)
             yield stage
         except Exception as failure:
             (pictures / "failure.log").write_text(stage.said())
-            stage.picture(pictures / "failure.png")
+            # There may be no display yet.
+            stage.succeeds("import", "-window", "root", pictures / "failure.png")
             if not isinstance(failure, Failure):
                 raise
             sys.exit(f"{stage.said()}Failed: {failure}. Left of it: {pictures}/failure.png and failure.log")

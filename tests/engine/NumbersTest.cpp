@@ -1,15 +1,13 @@
 #include "engine/Numbers.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "engine/Construction.h"
 #include "engine/MagicArithmetic.h"
 #include "engine/PrimeOrder.h"
-#include "engine/ProgramState.h"
 #include "engine/SquareCount.h"
+#include "tests/support/Lines.h"
 #include "tests/support/Scripted.h"
-#include "tests/support/UntilFailure.h"
 
 namespace quarvelle::testing {
 
@@ -29,7 +27,6 @@ TEST(Numbers, AreReadFromWhatATextBeginsWithAndWrittenByTheRules) {
 }
 
 TEST(Numbers, AreWhatDecimalArithmeticSays) {
-    const auto state = std::make_unique<ProgramState>();
     ScriptedRandom random;
     ScriptedEvents events;
     for (const int n : {5, 7, 11})
@@ -41,7 +38,7 @@ TEST(Numbers, AreWhatDecimalArithmeticSays) {
                 std::vector<double> decimals, numbers;
                 for (int k = 0; k < n * n; ++k)
                     decimals.push_back((start + k * step) / 100.0);
-                state->squareSize = static_cast<std::int16_t>(n);
+                const auto state = stateOf(n, 1, 1);
                 state->startNumber = s;
                 state->distance = d;
                 buildCompleteSquare(*state, random, events);

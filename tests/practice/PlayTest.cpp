@@ -30,7 +30,7 @@ protected:
 };
 
 TEST_F(PlayTest, IsRefusedWhereTidyingLeavesNoBoard) {
-    events.onYield = [](int) { ADD_FAILURE() << "a run"; };
+    events.onYield = [] { ADD_FAILURE() << "a run"; };
     enter("29", "300", "-0.25"); // The distance becomes 1 and the last number 1140.
     click(page().Command4);
     enter("5", "1", "1");

@@ -55,7 +55,7 @@ TEST_F(BatchTest, PrintsTheSheetsOrderedAndTellsHowItEnded) {
             std::tie(order.backwards, order.collated) = std::tuple(row.backwards, row.collated);
             return true;
         };
-        events.onYield = [&](int) {
+        events.onYield = [&] {
             if (printer.sheets.size() == row.stop)
                 // By the key or by the menu.
                 row.copies > 1 ? command("aprinting")->trigger() : pressKey(Qt::Key_Q);
@@ -73,7 +73,7 @@ TEST_F(BatchTest, PrintsTheSheetsOrderedAndTellsHowItEnded) {
 
 TEST_F(BatchTest, ShowsAtItsFootHowFarItIs) {
     const auto& bar = *window().foot().findChild<QProgressBar*>();
-    events.onYield = [&](int) {
+    events.onYield = [&] {
         EXPECT_TRUE(QTest::qWaitFor([&] { return bar.isVisible(); }));
         EXPECT_EQ(bar.text(), QString("%1 of 2 sheets").arg(printer.sheets.size()));
         const QRect foot = window().foot().geometry();
@@ -90,7 +90,7 @@ TEST_F(BatchTest, SaysWhyNothingIsPrinted) {
 }
 
 TEST_F(BatchTest, EndsWhenItsWindowCloses) {
-    events.onYield = [&](int) {
+    events.onYield = [&] {
         if (printer.sheets.size() == 2)
             window().close();
     };

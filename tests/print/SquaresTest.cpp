@@ -144,7 +144,7 @@ TEST_F(SquaresTest, AreWhatTheTitleCountsDown) {
         const std::string& kind = kinds[batch.mode];
         SCOPED_TRACE(kind + " from " + batch.start + ", " + batch.size());
         random = ScriptedRandom({0.999, 0.999}); // the highest start
-        events.onYield = [&](int) {
+        events.onYield = [&] {
             EXPECT_EQ(title(), "Creating (" + batch.size() + ") Complete Magic Square(s): " +
                                    numberText(batch.count - state().squaresSolved) + " out of " +
                                    numberText(batch.count) + ' ' + kind + " left to print.");

@@ -56,7 +56,7 @@ protected:
                 m_step < m_steps ? step() : pressKey(Qt::Key_Q);
             noteRequest();
         };
-        events.onYield = [this, turn](int) { turn(below(20) == 0); };
+        events.onYield = [this, turn] { turn(below(20) == 0); };
         events.onWait = [this, turn] {
             expect(!blanks().empty(), "a solved square stays");
             turn(true);

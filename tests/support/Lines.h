@@ -1,14 +1,20 @@
 #pragma once
 
 #include <algorithm>
+#include <gtest/gtest.h>
 #include <memory>
+#include <ranges>
 #include <set>
 #include <vector>
 
 #include "engine/Cells.h"
-#include "tests/support/UntilFailure.h"
 
 namespace quarvelle::testing {
+
+/// `cases | untilFailure` ends once the running test has failed, so that one cause doesn't fail a hundred
+/// cases.
+inline constexpr auto untilFailure =
+    std::views::take_while([](const auto&) { return !::testing::Test::HasFailure(); });
 
 using Line = std::vector<Cell>;
 

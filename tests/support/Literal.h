@@ -1,8 +1,10 @@
 #pragma once
 
 #include "engine/EventQueue.h"
+#include "engine/LinesInPlay.h"
 #include "engine/PropertyShapes.h"
 #include "engine/Random.h"
+#include "engine/Stepping.h"
 #include "tests/support/Lines.h"
 
 namespace quarvelle::testing {
@@ -35,16 +37,10 @@ struct Literal {
         s.anchorCol = 1 + random.below(s.squareSize);
     }
 
-    Cell moved(Cell cell, Step step) const { return wrapped(cell + step, s.squareSize); }
-
     /// The cells of the line of `kind` through a cell, that cell first.
     Line line(int kind, Cell from) const {
-        Line cells{from};
-        if (kind > 4)
-            for (const Step offset : shapeOffsets(kind))
-                cells.push_back(moved(from, offset));
-        while (std::ssize(cells) < (kind > 4 ? 5 : s.squareSize))
-            cells.push_back(moved(cells.back(), wholeLineStep(kind)));
+        Line cells;
+        walkLine(kind, from, s.squareSize, [&](Cell cell) { return cells.push_back(cell), true; });
         return cells;
     }
 
@@ -52,17 +48,7 @@ struct Literal {
         return kind < 5 ? PropertyMode::none : s.*propertyFamilies[(kind - 5) / 5].mode;
     }
 
-    bool takesPart(int kind) const {
-        const auto [row, column] = candidate();
-        if (kind <= 2)
-            return s.mainDiagonalsAndLines == 1;
-        if (kind <= 4)
-            return s.allDiagonals != 0 || (s.mainDiagonalsAndLines == 1 &&
-                                           (kind == 3 ? row + column == s.squareSize + 1 : row == column));
-        const auto fits = [this](Step step) { return moved(candidate(), step) == candidate() + step; };
-        return modeOf(kind) == PropertyMode::all ||
-               (modeOf(kind) == PropertyMode::onlyMain && std::ranges::all_of(shapeOffsets(kind), fits));
-    }
+    bool takesPart(int kind) const { return isInPlay(s, kind, candidate()); }
 
     /// How many blanks the line holds; -1 when it takes no part or one of them is found through its kind.
     int blanksOn(int kind) const {
@@ -123,10 +109,13 @@ struct Literal {
         return true;
     }
 
+    bool isOnRootLine() const {
+        return std::ranges::count(line(s.probeKind, {s.probeAnchorRow, s.probeAnchorCol}), candidate()) != 0;
+    }
+
     /// Places nothing on the root line, nor where a blank that the candidate needs would need the candidate.
     bool placeThrough(int kind) {
-        if (blanksOn(kind) < 0 ||
-            std::ranges::count(line(s.probeKind, {s.probeAnchorRow, s.probeAnchorCol}), candidate()) != 0)
+        if (blanksOn(kind) < 0 || isOnRootLine())
             return false;
         s.lineKind = kind;
         makeblanks(s);
@@ -137,12 +126,16 @@ struct Literal {
 
     /// What a systematic scan tries at the candidate; whether something was placed.
     bool placeAnywhere() {
-        if (isBlank(cellAt(s.puzzle, candidate())))
+        if (isBlank(cellAt(s.puzzle, candidate())) || isOnRootLine())
             return false;
         // A whole line has the cell at once; every property has its turn, and the last to place has it.
-        for (int kind = 1; kind <= lineKindCount; ++kind)
-            if ((kind < 5 || takesPart(3) || takesPart(4)) && placeThrough(kind))
-                kind = kind < 5 ? lineKindCount : kind / 5 * 5 + 4;
+        for (const int kind : {1, 2, 3, 4})
+            if (placeThrough(kind))
+                return true;
+        const PropertyProcedure procedures[] = {d1scross, d1scross2, d1scline, d1scline2};
+        for (int family = 0; family < 4 && (takesPart(3) || takesPart(4)); ++family)
+            if (s.*propertyFamilies[family].mode != PropertyMode::none)
+                procedures[family](s);
         return isBlank(cellAt(s.puzzle, candidate()));
     }
 
@@ -152,7 +145,7 @@ struct Literal {
         for (int cell = s.squareSize * s.squareSize; cell > 0 && s.placeIndex > 0; --cell) {
             if (placeAnywhere())
                 return true;
-            const Cell next = moved(candidate(), {1, s.anchorRow / s.squareSize});
+            const Cell next = wrapped(candidate() + Step{1, s.anchorRow / s.squareSize}, s.squareSize);
             std::tie(s.anchorRow, s.anchorCol) = std::tie(next.row, next.column);
         }
         return false;

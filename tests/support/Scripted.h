@@ -26,22 +26,15 @@ private:
     int m_draws = 0;
 };
 
-/// Counts turns and lets a test act at each; a turn that would sleep is told apart.
+/// Lets a test act at each turn; one that would sleep is told apart.
 class ScriptedEvents final : public EventQueue {
 public:
-    std::function<void(int turn)> onYield = [](int) {};
+    std::function<void()> onYield = [] {};
     std::function<void()> onWait = [] {};
     std::function<void()> onFailure = [] {}; ///< instead of either, once the running test has failed
 
-    void yield() override {
-        ++m_yields;
-        ::testing::Test::HasFailure() ? onFailure() : onYield(m_yields);
-    }
+    void yield() override { ::testing::Test::HasFailure() ? onFailure() : onYield(); }
     void wait() override { ::testing::Test::HasFailure() ? onFailure() : onWait(); }
-    int yields() const { return m_yields; }
-
-private:
-    int m_yields = 0;
 };
 
 } // namespace quarvelle::testing
