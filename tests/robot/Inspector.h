@@ -16,8 +16,6 @@ protected:
     bool m_isSolved = false;   ///< the square had no open blank at the last look
     enum Count { solved, right, wrong };
     std::array<int, 3> m_score{}; ///< at the last look, by `Count`
-    std::string m_title;
-    int m_turns = 0;              ///< under this title
     int m_stops = 0;              ///< turns that left a run asked to stop
     std::size_t m_sheets = 0;     ///< at the last turn
     std::set<std::string> m_seen; ///< what was come across
@@ -56,10 +54,6 @@ protected:
     void watchTurn() {
         expect(m_stops < 2 && (window().isVisible() || m_stops == 1), "goes on after a stop");
         expect(m_stops > 0 || state().stopRequested != Request::stop, "stopped by an earlier key");
-        m_turns = title() == m_title ? m_turns + 1 : 0;
-        m_title = title();
-        // No square takes more passes than a scan for each of its cells.
-        expect(m_turns <= 5 * std::pow(state().squareSize, 4), "no end in sight");
     }
 
     void noteRequest() {
