@@ -68,6 +68,7 @@ TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
         // clang-format on
     };
     play({{1, 1}, {5, 1}, {2, 5}, {5, 5}}, [&] {
+        pressKey(Qt::Key_Home);
         pressKey(Qt::Key_Return, {}, {}, true);
         EXPECT_TRUE(answerBox().isHidden()) << "the key that started the run is still down";
         for (const auto& row : rows | untilFailure) {

@@ -188,11 +188,18 @@ TEST_F(LookTest, SmallScreensScroll) {
     pressKey(Qt::Key_Return);
     EXPECT_EQ(window().focusWidget(), page().Command2);
     events.onWait = [this] {
-        BoardPage& board = window().boardPage();
+        const auto marked = [this] {
+            return board().shown(board().cellArea(selectedPlace(state()))).toAlignedRect();
+        };
+        const auto isSeen = [&] { return (QRegion(marked()) - board().visibleRegion()).isEmpty(); };
         pressKey(Qt::Key_End);
-        const QRectF cell = board.shown(board.cellArea(selectedPlace(state())));
-        EXPECT_TRUE((QRegion(cell.toAlignedRect()) - board.visibleRegion()).isEmpty());
-        QTest::mouseClick(&board, Qt::LeftButton, {}, cell.center().toPoint());
+        EXPECT_TRUE(isSeen());
+        for (int step = 0; step < 4; ++step)
+            command("zoomin")->trigger();
+        EXPECT_TRUE(isSeen()) << "enlarged";
+        window().resize(300, 200);
+        EXPECT_TRUE(isSeen()) << "in a smaller window";
+        QTest::mouseClick(&board(), Qt::LeftButton, {}, marked().center());
         EXPECT_TRUE(answerBox().isVisible());
         pressKey(Qt::Key_Q);
     };
