@@ -7,10 +7,6 @@ namespace quarvelle {
 
 namespace {
 
-bool isMainDiagonal(int kind, Cell cell, int n) {
-    return kind == WholeLine::antiDiagonal ? cell.row + cell.column == n + 1 : cell.row == cell.column;
-}
-
 bool isOnlyBlank(const ProgramState& state, int kind, Cell blank) {
     return walkLine(kind, blank, state.squareSize,
                     [&](Cell cell) { return cell == blank || !isBlank(cellAt(state.puzzle, cell)); });
@@ -26,12 +22,7 @@ int kindsOf(const ProgramState& state) {
 
 } // namespace
 
-bool isInPlay(const ProgramState& state, int kind, Cell cell) {
-    if (kind == WholeLine::column || kind == WholeLine::row)
-        return state.mainDiagonalsAndLines == 1;
-    if (kind <= wholeLineKinds)
-        return state.allDiagonals != 0 ||
-               (state.mainDiagonalsAndLines == 1 && isMainDiagonal(kind, cell, state.squareSize));
+bool isShapeInPlay(const ProgramState& state, int kind, Cell cell) {
     const int mode = state.*propertyFamilies[static_cast<std::size_t>(familyOf(kind))].mode;
     return mode != PropertyMode::none && fitsShape(mode, kind, cell, state.squareSize);
 }

@@ -3,14 +3,25 @@
 #include <optional>
 #include <vector>
 
-#include "engine/Cells.h"
+#include "engine/LineKinds.h"
 
 namespace quarvelle {
+
+/// Whether the shape of a five-cell kind through `cell` is in play.
+bool isShapeInPlay(const ProgramState& state, int kind, Cell cell);
 
 /// Whether a puzzle may be solved through the line of `kind` through `cell`, by the state's options alone:
 /// rows, columns and main diagonals, all diagonals, and at order 5 each shape in its mode ("Only Main" inside
 /// the square, "All" around its edges).
-bool isInPlay(const ProgramState& state, int kind, Cell cell);
+inline bool isInPlay(const ProgramState& state, int kind, Cell cell) {
+    if (kind > wholeLineKinds)
+        return isShapeInPlay(state, kind, cell);
+    if (kind == WholeLine::column || kind == WholeLine::row)
+        return state.mainDiagonalsAndLines == 1;
+    const bool isMain = kind == WholeLine::antiDiagonal ? cell.row + cell.column == state.squareSize + 1
+                                                        : cell.row == cell.column;
+    return state.allDiagonals != 0 || (state.mainDiagonalsAndLines == 1 && isMain);
+}
 
 /// The kinds of the lines in play through `blank`, a blank of `puzzle`, that have no other blank, in
 /// ascending order. Such a line gives the blank: it is the Magic Total less the sum of the others. Reads
