@@ -44,9 +44,9 @@ void PageArea::addPage(QWidget& page, std::shared_ptr<Zoom> zoom) {
 void PageArea::setCurrentIndex(int index) {
     QWidget* const last = currentWidget();
     m_current = index;
+    layOut();
     if (last == currentWidget())
         return;
-    layOut();
     // What is hidden can still be pressed by way of assistive technology, unless it is disabled.
     currentWidget()->setEnabled(true);
     currentWidget()->show();

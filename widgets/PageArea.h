@@ -20,7 +20,8 @@ public:
     /// off it end above it, and everything can be scrolled out from under it.
     void setFootRoom(int height);
 
-    /// Takes on a page; they count from 0 in this order. Pages may share a zoom.
+    /// Takes on a page; they count from 0 in this order. Pages may share a zoom, and one page
+    /// may be taken on again with another.
     void addPage(QWidget& page, std::shared_ptr<Zoom> zoom);
     void setCurrentIndex(int index);
     int currentIndex() const { return m_current; }
