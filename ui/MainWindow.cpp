@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QWindowStateChangeEvent>
 
@@ -60,6 +61,8 @@ void MainWindow::addPages() {
     // The board again, which shows the sheets of a batch as large as they fit, whatever was chosen in
     // practice.
     client.addPage(*m_boardPage, std::make_shared<Zoom>(board->scale(), boardFitting));
+    // Where plus is the shifted equals sign, nobody holds Shift for it.
+    m_controls->zoomin->setShortcuts({m_controls->zoomin->shortcut(), Qt::CTRL | Qt::Key_Equal});
     connect(m_controls->zoomin, &QAction::triggered, &client, &PageArea::zoomIn);
     connect(m_controls->zoomout, &QAction::triggered, &client, &PageArea::zoomOut);
     connect(m_controls->zoomfit, &QAction::triggered, &client, &PageArea::zoomToFit);
@@ -142,15 +145,18 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
+/// The filter is on the application, so a key counts whichever control or menu has the keyboard. Dialogs keep
+/// their keys: a file name may have a Q in it. In practice `PracticeKeys` reads Q.
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    // The filter is on the application, so the key counts whichever control or menu has the keyboard. Dialogs
-    // keep their keys: a file name may have a Q in it. In practice `PracticeKeys` reads them.
-    if (event->type() == QEvent::KeyPress && QApplication::activeModalWidget() == nullptr &&
-        m_state->practising != 1) {
-        const auto& key = static_cast<const QKeyEvent&>(*event);
+    const auto* receiver = qobject_cast<const QWidget*>(watched);
+    if (event->type() != QEvent::KeyPress || !receiver || qobject_cast<const QDialog*>(receiver->window()))
+        return QMainWindow::eventFilter(watched, event);
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (m_state->practising != 1)
         Form_KeyDown(keyCode(key), static_cast<int>(key.modifiers()));
-    }
-    return QMainWindow::eventFilter(watched, event);
+    // Qt knows the shortcuts by their letters only.
+    return receiver->window() == this && latinKey(key) != key.key() &&
+           m_controls->menubar->choose(QKeyCombination(key.modifiers(), latinKey(key)), key.isAutoRepeat());
 }
 
 } // namespace quarvelle

@@ -51,10 +51,14 @@ void Pages::show(int page) {
     const bool showsSheets = page == Page::board && m_state.practising != 1;
     m_window.client->setCurrentIndex(showsSheets ? static_cast<int>(pageMenus.size()) : page);
     m_window.client->ensureVisible(0, 0);
-    m_window.options2->menuAction()->setVisible(shown.quit);
-    m_window.options1->menuAction()->setVisible(shown.running);
-    for (QMenu* menu : {m_window.printoptions, m_window.puzzlemode, m_window.size})
-        menu->menuAction()->setVisible(shown.settings);
+    QList<QMenu*> menus;
+    if (shown.quit)
+        menus << m_window.options2;
+    if (shown.running)
+        menus << m_window.options1;
+    if (shown.settings)
+        menus << m_window.printoptions << m_window.puzzlemode << m_window.size;
+    m_window.menubar->showMenus(menus);
     m_window.chooseproperties->setEnabled(shown.chooseProperties);
     const QString run = m_state.practising == 1 ? "practice" : "batch";
     for (QAction* item : m_window.options1->actions())

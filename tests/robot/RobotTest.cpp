@@ -20,6 +20,7 @@ static const std::set<std::string> mustBeSeen{
     "information page", "properties page", "square solved", "batch", "failed batch", "stopped making",
     "stopped playing", "stopped printing", "abandoned making", "abandoned playing", "closed making",
     "closed playing", "closed printing", "showline", "newsquare", "startover", "qplaying", "aprinting", "Ctrl+L", "Ctrl+N", "Ctrl+R", "Ctrl+Q",
+    "Alt", "idle Alt",
     // clang-format on
 };
 
@@ -92,10 +93,15 @@ protected:
             unsigned percent; ///< of the steps
             const char* name;
             void (Robot::*take)();
-        } kinds[] = {{26, "click", &Robot::clickControl}, {18, "cell", &Robot::pressCell},
-                     {35, "text", &Robot::enterText},     {12, "key", &Robot::pressAnyKey},
-                     {6, "item", &Robot::chooseMenuItem}, {1, "menu", &Robot::openMenu},
-                     {1, "resize", &Robot::resize},       {1, "zoom", &Robot::zoom}};
+        } kinds[] = {{26, "click", &Robot::clickControl},
+                     {18, "cell", &Robot::pressCell},
+                     {34, "text", &Robot::enterText},
+                     {12, "key", &Robot::pressAnyKey},
+                     {6, "item", &Robot::chooseMenuItem},
+                     {1, "menu", &Robot::openMenu},
+                     {1, "letter", &Robot::pressAltLetter},
+                     {1, "resize", &Robot::resize},
+                     {1, "zoom", &Robot::zoom}};
         m_details.seed(1'000'003 * m_seed + static_cast<unsigned>(++m_step));
         if (state().currentPage != Page::board)
             m_stops = 0;
@@ -253,9 +259,25 @@ protected:
         m_seen.insert(item->objectName().toStdString());
     }
 
+    void pressAltLetter() {
+        if (!window().isActiveWindow() || QApplication::activePopupWidget())
+            return;
+        const auto letter = static_cast<Qt::Key>(Qt::Key_A + below(26));
+        const bool opens = std::ranges::any_of(window().menuBar()->actions(), [=](QAction* title) {
+            return QKeySequence::mnemonic(title->text()) == QKeySequence(Qt::ALT | letter);
+        });
+        auto* keyboard = window().focusWidget();
+        const QString text = keyboard->property("text").toString();
+        QTest::keyClick(keyboard, letter, Qt::AltModifier);
+        expectEqual(QApplication::activePopupWidget() != nullptr, opens, "what a letter opens");
+        expect(window().focusWidget() == keyboard, "the keyboard went elsewhere");
+        expectEqual(keyboard->property("text").toString(), text, "what has the keyboard");
+        m_seen.insert(opens ? "Alt" : "idle Alt");
+    }
+
     void openMenu() {
         QMenu* chosen = oneOf(std::vector{menu("options1"), menu("size"), menu("puzzlemode")});
-        if (chosen->menuAction()->isVisible())
+        if (window().menuBar()->actions().contains(chosen->menuAction()))
             chosen->popup({below(300), below(100)});
     }
 
