@@ -67,11 +67,13 @@ public:
     QList<QAccessibleInterface*> columnHeaderCells() const override { return {}; }
     QAccessibleInterface* table() const override { return parent(); }
 
-    QStringList actionNames() const override { return {pressAction()}; }
+    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
-    /// Has the effect of a click in the middle of the cell.
+    /// A press has the effect of a click in the middle of the cell.
     void doAction(const QString& name) override {
         const QPoint middle = m_board.cellArea(m_place).center();
+        if (name == setFocusAction() && isValid())
+            emit m_board.keyboardAsked(m_place);
         if (name == pressAction() && isValid())
             emit m_board.pressed(Qt::LeftButton, Qt::NoModifier, middle.x(), middle.y());
     }
@@ -91,6 +93,23 @@ QAccessibleInterface* describe(const QString&, QObject* object) {
     return nullptr;
 }
 
+/// Who hears of what happens next. Qt has one place for it in the whole process.
+QAccessible::UpdateHandler& nextHandler() {
+    static QAccessible::UpdateHandler handler = nullptr;
+    return handler;
+}
+
+/// Passes on what happens, but not that a board with a puzzle has got the keyboard: Qt tells that of every
+/// control, and the board has just told it of its cell.
+void passOn(QAccessibleEvent* event) {
+    const auto* board = qobject_cast<const BoardPage*>(event->object());
+    if (event->type() == QAccessible::Focus && board != nullptr && board->hasPuzzle())
+        return;
+    QAccessible::installUpdateHandler(nextHandler());
+    QAccessible::updateAccessibility(event);
+    QAccessible::installUpdateHandler(passOn);
+}
+
 } // namespace
 
 AccessibleBoard::AccessibleBoard(BoardPage& board)
@@ -102,6 +121,9 @@ AccessibleBoard::~AccessibleBoard() {
 
 void AccessibleBoard::install() {
     QAccessible::installFactory(describe);
+    const auto handler = QAccessible::installUpdateHandler(passOn);
+    if (handler != passOn)
+        nextHandler() = handler;
 }
 
 int AccessibleBoard::order() const {

@@ -36,7 +36,7 @@ void BoardPage::endPuzzle() {
     if (window()->focusWidget() == &answerBox())
         setFocus();
     // The focus must not stay on a cell that is about to go.
-    if (QAccessible::isActive() && hasPuzzle() && hasFocus())
+    else if (QAccessible::isActive() && hasFocus())
         tell(QAccessible::queryAccessibleInterface(this), QAccessible::Focus);
     closeAnswerBox();
     tellCellsCameOrWent();
@@ -50,18 +50,14 @@ void BoardPage::tellCellsCameOrWent() {
     QAccessible::updateAccessibility(&event);
 }
 
-void BoardPage::takeKeyboard() {
-    setFocus();
-    tellFocus();
-}
-
 void BoardPage::markSelectedCell() {
     update();
     tellFocus();
 }
 
+/// Tells that the selected cell has the keyboard, if the board has it.
 void BoardPage::tellFocus() {
-    if (QAccessible::isActive())
+    if (QAccessible::isActive() && hasPuzzle() && hasFocus())
         tell(QAccessible::queryAccessibleInterface(this)->focusChild(), QAccessible::Focus);
 }
 
@@ -108,7 +104,7 @@ void BoardPage::fitAnswerBox(int cellWidth, const QStringList& numbers, const An
 
 void BoardPage::openAnswerBox() {
     const Place place = selectedPlace(m_state);
-    answerBox().clear();
+    answerBox().setProgramText({});
     answerBox().setAccessibleName(QString("Row %1, column %2").arg(place.down).arg(place.across));
     PageScale::setPlace(answerBox(), {QPoint(m_state.selectedCellX, m_state.selectedCellY),
                                       PageScale::placeOf(answerBox()).size()});
@@ -121,7 +117,7 @@ void BoardPage::openAnswerBox() {
 void BoardPage::closeAnswerBox() {
     answerBox().setEnabled(false);
     answerBox().hide();
-    answerBox().clear();
+    answerBox().setProgramText({});
     update();
 }
 

@@ -23,13 +23,12 @@ public:
     EntryBox& answerBox() const { return *m_controls.Text6; }
     const ProgramState& state() const { return m_state; }
 
-    /// A puzzle to be answered has been drawn. Until `endPuzzle` the board is a table of cells for assistive
-    /// technology, and the cell that the state says is selected is marked.
+    /// A puzzle to be answered has been drawn. While the state says that it can be, the board is a table of
+    /// cells for assistive technology, and the cell that the state says is selected is marked.
     void beginPuzzle();
+    /// To be called when the state says that the puzzle can't be answered any more.
     void endPuzzle();
     bool hasPuzzle() const { return m_state.answering == 1; }
-    /// Gives the keyboard to the board, at the selected cell.
-    void takeKeyboard();
     /// To be called when another cell has been selected: marks that one.
     void markSelectedCell();
     /// Makes the page as large as what will be drawn, from the top-left corner of the drawing to the lower
@@ -60,6 +59,10 @@ public:
     void announce(const QString& news);
     /// To be called when the number in the selected cell has changed: tells assistive technology.
     void tellCellChanged();
+
+signals:
+    /// Assistive technology asks that a cell of the puzzle gets the keyboard.
+    void keyboardAsked(Place place);
 
 protected:
     void paintAbove(QPainter& painter) override;

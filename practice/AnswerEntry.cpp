@@ -1,5 +1,7 @@
 #include "practice/AnswerEntry.h"
 
+#include <QRegularExpression>
+
 #include "board/Board.h"
 #include "board/BoardPage.h"
 #include "engine/LineKinds.h"
@@ -15,6 +17,12 @@ namespace {
 /// The pixels that an answer leaves for a sign, counted from one pixel left of its cell. So its digits stay
 /// clear of the grid line, in line with the numbers above and below.
 constexpr int signPlace = 3;
+
+/// Whether what the text is read as stands there, and isn't 0 for lack of a number.
+bool beginsWithNumber(const QString& text) {
+    static const QRegularExpression number(R"(^\s*[+-]?\.?\d)");
+    return number.match(text).hasMatch();
+}
 
 } // namespace
 
@@ -54,13 +62,16 @@ bool AnswerEntry::isRight(double entry) const {
 void AnswerEntry::takeWrongAnswer(double entry) {
     ProgramState& state = m_window.state();
     EntryBox& box = m_window.boardPage().answerBox();
-    if (entry != 0 || box.text() == "0") {
+    const QString text = box.text();
+    box.setProgramText({});
+    if (entry != 0 || text == "0") {
         ++state.numbersIncorrect;
         m_window.showTitle(scoreTitle(state));
-        m_window.tell(QString("%1 is wrong. Numbers incorrect: %2")
-                          .arg(box.text(), QString::number(state.numbersIncorrect)));
+        m_window.tell(
+            QString("%1 is wrong. Numbers incorrect: %2").arg(text, QString::number(state.numbersIncorrect)));
+    } else {
+        m_window.tell(beginsWithNumber(text) ? text + " is not counted" : "Not a number");
     }
-    box.clear();
 }
 
 void AnswerEntry::takeRightAnswer() {

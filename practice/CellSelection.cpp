@@ -54,7 +54,7 @@ Place CellSelection::lastBlank() const {
 void CellSelection::start() {
     m_window.boardPage().beginPuzzle();
     moveTo(firstBlank());
-    m_window.boardPage().takeKeyboard();
+    m_window.boardPage().setFocus();
 }
 
 void CellSelection::moveTo(Place place) {
@@ -76,7 +76,7 @@ void CellSelection::openBox() {
 
 void CellSelection::leaveBox() {
     // Before the box is hidden: hiding it would first give the keyboard to some other control.
-    m_window.boardPage().takeKeyboard();
+    m_window.boardPage().setFocus();
     m_window.boardPage().closeAnswerBox();
 }
 

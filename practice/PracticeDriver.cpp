@@ -121,8 +121,8 @@ bool PracticeDriver::waitForPlayer() {
 
 void PracticeDriver::closeSquare() {
     ProgramState& state = m_window.state();
-    m_window.boardPage().endPuzzle();
     state.answering = 0;
+    m_window.boardPage().endPuzzle();
     m_window.boardPage().clear();
     resetPosition(state);
     state.showAnswers = 1;
@@ -136,8 +136,8 @@ void PracticeDriver::closeSquare() {
 void PracticeDriver::closeRun() {
     ProgramState& state = m_window.state();
     state.startNumber = state.baseStart;
-    m_window.boardPage().endPuzzle();
     state.practising = state.answering = 0;
+    m_window.boardPage().endPuzzle();
     state.puzzleMode = state.savedPuzzleMode;
     resetPosition(state);
     m_window.boardPage().clear();

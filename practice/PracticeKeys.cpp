@@ -70,11 +70,14 @@ bool leavesBox(const QKeyEvent& key, const EntryBox& box) {
 PracticeKeys::PracticeKeys(MainWindow& window, AnswerEntry& answers)
     : QObject(&window), m_window(window), m_answers(answers), m_selection(window) {
     qApp->installEventFilter(this);
+    connect(&window.boardPage(), &BoardPage::keyboardAsked, this, [this](Place place) {
+        if (m_selection.mayAnswer())
+            goTo(place);
+    });
 }
 
 bool PracticeKeys::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress || m_window.state().practising != 1 ||
-        QApplication::activeModalWidget() != nullptr)
+    if (event->type() != QEvent::KeyPress || m_window.state().practising != 1)
         return false;
     const auto& key = static_cast<const QKeyEvent&>(*event);
     if (keyCode(key) == KeyCode::q) {
@@ -128,8 +131,9 @@ bool PracticeKeys::boxKey(const QKeyEvent& key) {
 }
 
 void PracticeKeys::goTo(Place place) {
-    m_selection.leaveBox();
+    // In this order a screen reader hears of the new cell only.
     m_selection.moveTo(place);
+    m_selection.leaveBox();
 }
 
 /// The cell that a key leads to from the selected one; nothing if it leads nowhere. With `onlyBlanks`, arrows

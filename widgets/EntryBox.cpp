@@ -13,7 +13,15 @@
 namespace quarvelle {
 
 EntryBox::EntryBox(QWidget* parent) : QLineEdit(parent), m_typedLimit(maxLength()) {
-    connect(this, &QLineEdit::textEdited, this, [this] {
+    connect(this, &QLineEdit::textChanged, this, [this] {
+        if (!m_takesProgramText && !isEnabled()) {
+            // Assistive technology can write into boxes that nobody can use.
+            setProgramText(m_lastText.toStdString());
+            return;
+        }
+        m_lastText = text();
+        if (m_takesProgramText)
+            return;
         m_editUntold = true;
         allow(text().size());
         if (!m_handlesKey)
@@ -28,6 +36,7 @@ void EntryBox::setTypedLimit(int characters) {
 
 void EntryBox::setProgramText(const std::string& newText) {
     const QString text = QString::fromStdString(newText);
+    const QScopedValueRollback taking(m_takesProgramText, true);
     allow(text.size());
     setText(text);
     if (!hasFocus())
@@ -73,6 +82,11 @@ bool EntryBox::showsWholeText() const {
 }
 
 void EntryBox::keyPressEvent(QKeyEvent* event) {
+    if ((event->modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == Qt::AltModifier &&
+        !event->text().isEmpty()) {
+        event->ignore();
+        return;
+    }
     setCursor(Qt::BlankCursor);
     const QScopedValueRollback handling(m_handlesKey, true);
     QLineEdit::keyPressEvent(event);

@@ -6,9 +6,10 @@
 namespace quarvelle {
 
 /// A text box that emits `keyReleased` for each key released in it: once, however long the key was held. It
-/// does so too for an edit without such a release: text pasted or dropped with the mouse, or a key still held
-/// down when the box loses the keyboard. It keeps Up and Down to itself. Without the keyboard it shows the
-/// beginning of its text, and a tooltip with all of a text that is too long. Typing hides the mouse pointer.
+/// does so too for an edit without such a release: text pasted or dropped with the mouse, text set by
+/// assistive technology, or a key still held down when the box loses the keyboard. It keeps Up and Down to
+/// itself, and leaves letters pressed with Alt to the menus. Without the keyboard it shows the beginning of
+/// its text, and a tooltip with all of a text that is too long. Typing hides the mouse pointer.
 class EntryBox : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(int typedLimit READ typedLimit WRITE setTypedLimit)
@@ -43,7 +44,9 @@ private:
     void tellEdit();
 
     int m_typedLimit;
+    QString m_lastText;
     bool m_handlesKey = false;
+    bool m_takesProgramText = false;
     bool m_editUntold = false;
 };
 
