@@ -3,6 +3,7 @@
 #include <QTime>
 
 #include "app/Program.h"
+#include "widgets/EndRequests.h"
 #include "widgets/QtEventQueue.h"
 
 namespace {
@@ -22,6 +23,7 @@ QIcon windowIcon() {
 } // namespace
 
 int main(int argc, char** argv) {
+    quarvelle::EndRequests endRequests;
     QApplication application(argc, argv);
     QApplication::setApplicationName("Quarvelle");
     QApplication::setApplicationVersion(QUARVELLE_VERSION);
@@ -32,6 +34,8 @@ int main(int argc, char** argv) {
     quarvelle::Program program(random, events);
     QObject::connect(&program.window(), &quarvelle::MainWindow::activated, &program.window(),
                      [&random] { random.seed(secondsSinceMidnight()); });
+    QObject::connect(&endRequests, &quarvelle::EndRequests::received, &program.window(), &QWidget::close);
+    endRequests.watch();
     program.window().show();
     return QApplication::exec();
 }

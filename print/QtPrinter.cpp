@@ -9,6 +9,7 @@
 #include "print/PdfFileJob.h"
 #include "print/PrintQueue.h"
 #include "print/QueueJob.h"
+#include "widgets/Dialogs.h"
 
 namespace quarvelle {
 
@@ -53,7 +54,9 @@ PrintOrder QtPrinter::choose(const QString& documentName, int sheets) {
                           QAbstractPrintDialog::PrintPageRange | QAbstractPrintDialog::PrintCollateCopies);
         dialog.setMinMax(1, sheets);
         dialog.setFromTo(1, sheets);
-        if (dialog.exec() != QDialog::Accepted)
+        // The system's own dialog can't be shown otherwise.
+        const int answer = dialogWritesFiles() ? answerTo(dialog, m_window) : dialog.exec();
+        if (answer != QDialog::Accepted)
             return {};
     }
     PrintOrder order = orderFor(*printer);
@@ -73,7 +76,8 @@ PrintOrder QtPrinter::choose(const QString& documentName, int sheets) {
 }
 
 void QtPrinter::tell(const QString& message) {
-    QMessageBox::warning(&m_window, "Quarvelle", message);
+    QMessageBox box(QMessageBox::Warning, "Quarvelle", message, QMessageBox::Ok, &m_window);
+    answerTo(box, m_window);
 }
 
 } // namespace quarvelle

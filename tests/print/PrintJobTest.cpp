@@ -92,10 +92,12 @@ TEST(QueueJob, SaysWhyItsSheetsDontComeOut) {
 
 TEST(QtPrinter, OrdersWhatItsDialogIsGiven) {
     QWidget window;
+    const QWidget page(&window);
     const auto choose = [&](const char* fileName, QDialog::DialogCode ending) {
-        QTimer::singleShot(0, [=] {
-            auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        QTimer::singleShot(0, &window, [=, &window, &page] {
+            auto* dialog = window.findChild<QPrintDialog*>();
             ASSERT_TRUE(dialog);
+            EXPECT_FALSE(page.isEnabled());
             EXPECT_TRUE(dialog->testOption(QPrintDialog::PrintPageRange) && dialog->maxPage() == 7);
             QPrinter& printer = *dialog->printer();
             printer.setOutputFormat(QPrinter::PdfFormat);
@@ -119,11 +121,12 @@ TEST(QtPrinter, OrdersWhatItsDialogIsGiven) {
     EXPECT_TRUE(onPaper.destination == "sent to " && onPaper.firstSheet == 1 && onPaper.lastSheet >= 7);
     EXPECT_EQ(onPaper.job->finish(), "") << "where nothing was printed";
     EXPECT_FALSE(choose("", QDialog::Rejected).job);
-    QTimer::singleShot(0, [] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        EXPECT_TRUE(box && box->text() == "paper jam" && box->close());
+    QTimer::singleShot(0, &window, [&] {
+        EXPECT_EQ(window.findChild<QMessageBox*>()->text(), "paper jam");
+        window.close(); // which takes the message along
     });
     QtPrinter(window).tell("paper jam");
+    EXPECT_TRUE(page.isEnabled());
 }
 
 } // namespace quarvelle::testing
