@@ -4,6 +4,7 @@
 #include <QStylePainter>
 #include <algorithm>
 
+#include "widgets/Contrast.h"
 #include "widgets/Fonts.h"
 #include "widgets/PageScale.h"
 
@@ -29,6 +30,11 @@ void drawFocusLine(QPainter& painter, const QWidget& widget) {
     painter.drawRect(QRectF(edge).adjusted(half, half, -half, -half));
 }
 
+/// The color of a control's text on its own ground, or on the page's if it has none.
+QColor textColor(const QWidget& widget) {
+    return legible(widget.palette().color(QPalette::WindowText), widget.palette().color(QPalette::Window));
+}
+
 } // namespace
 
 QRectF CaptionLabel::captionBox() const {
@@ -41,7 +47,7 @@ CaptionLayout CaptionLabel::captionLayout() const {
 
 void CaptionLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::WindowText));
+    painter.setPen(textColor(*this));
     captionLayout().draw(painter, captionBox(), alignment(), PageScale::factorOf(*this));
 }
 
@@ -67,7 +73,7 @@ void CaptionCheckBox::paintEvent(QPaintEvent*) {
     option.rect = style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this);
     option.rect.translate(qRound(PageScale::factorOf(*this)), 0); // off the focus line
     painter.drawPrimitive(QStyle::PE_IndicatorCheckBox, option);
-    painter.setPen(palette().color(QPalette::WindowText));
+    painter.setPen(textColor(*this));
     captionLayout().draw(painter, captionBox(), Qt::AlignLeft | Qt::AlignVCenter, PageScale::factorOf(*this));
     if (hasFocus())
         drawFocusLine(painter, *this);

@@ -4,6 +4,7 @@
 #include <QWheelEvent>
 
 #include "tests/support/WindowFixture.h"
+#include "widgets/Contrast.h"
 #include "widgets/PageScale.h"
 #include "widgets/PixelGrid.h"
 
@@ -34,6 +35,18 @@ static void expectWhole(auto& widget) {
         EXPECT_TRUE(std::fabs(left - right) < 2 && std::fabs(below - widget.height() / factor / 2) < 2);
     else
         EXPECT_EQ(widget.palette().windowText(), widget.objectName() == "Label19" ? Qt::blue : Qt::black);
+    // Where strokes are thick enough to have their color.
+    if (factor < 4 || !widget.isEnabled())
+        return;
+    const QImage seen = widget.grab().toImage();
+    double darkest = 21, lightest = 1;
+    for (int x = ink.left(); x <= ink.right(); ++x)
+        for (int y = ink.top(); y <= ink.bottom(); ++y) {
+            const double light = contrast(seen.pixelColor(x, y), Qt::black);
+            darkest = std::min(darkest, light);
+            lightest = std::max(lightest, light);
+        }
+    EXPECT_GE(lightest / darkest, 4.5);
 }
 
 TEST_F(LookTest, CaptionsAreWholeAtEveryFactorAndBlackOnDarkDesktopsToo) {
@@ -58,6 +71,11 @@ TEST_F(LookTest, CaptionsAreWholeAtEveryFactorAndBlackOnDarkDesktopsToo) {
             expectAllWhole(window().findChildren<CaptionCheckBox*>());
             expectAllWhole(window().findChildren<CaptionButton*>());
         }
+    }
+    for (const QRgb ground : {0xFFFFFF, 0x777777, 0x0000FF, 0x000080, 0xFF00FF}) {
+        QApplication::setPalette(QColor(ground));
+        QCoreApplication::processEvents();
+        expectWhole(*page().Label19);
     }
     QApplication::setPalette({});
 }
@@ -184,7 +202,14 @@ TEST_F(LookTest, SmallScreensScroll) {
                   540 * factor + window().foot().sizeHint().height() - client()->viewport()->height());
     }
     click(page().Command2);
-    EXPECT_TRUE(window().informationPage().visibleRegion().contains(QPoint(0, 0))) << "its top";
+    const QWidget& information = window().informationPage();
+    const std::pair<QPoint, Qt::Key> scrolls[] = {
+        {{}, Qt::Key_PageDown}, {information.rect().bottomRight(), Qt::Key_PageUp}, {{}, Qt::Key_PageDown}};
+    for (const auto& [corner, key] : scrolls | untilFailure) {
+        EXPECT_TRUE(information.visibleRegion().contains(corner)) << corner.x();
+        for (const auto modifier : {Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier})
+            pressKey(key, modifier);
+    }
     pressKey(Qt::Key_Return);
     EXPECT_EQ(window().focusWidget(), page().Command2);
     events.onWait = [this] {
