@@ -1,6 +1,7 @@
 #include "engine/MagicArithmetic.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "engine/Numbers.h"
 #include "engine/ProgramState.h"
@@ -16,6 +17,24 @@ std::optional<double> decimalScale(double value) {
         if (std::round(value * scale) / scale == value)
             return scale;
     return {};
+}
+
+/// Whether two numbers of the state's square have the same text. `largest` is the magnitude of the largest.
+bool hasAlikeNumbers(const ProgramState& state, double largest) {
+    // Texts have 15 digits, so numbers of that magnitude lie at most 1e-14 of it apart in them.
+    if (std::fabs(state.distance) > 2e-14 * largest)
+        return false;
+    // Texts follow the order of the numbers, so the same text can only come twice in a row.
+    const SquareNumbers numbers(state.startNumber, state.distance);
+    const int count = state.squareSize * state.squareSize;
+    std::string last;
+    for (int k = 1; k <= count; ++k) {
+        std::string text = numberText(numbers.realValue(k));
+        if (text == last)
+            return true;
+        last = std::move(text);
+    }
+    return false;
 }
 
 } // namespace
@@ -65,10 +84,18 @@ std::string lastNumberCaption(int n, double s, double d) {
     return text.size() < 8 ? "Last number equals: " + text : "Last number is {very large!}";
 }
 
-bool hasPlayableNumbers(const ProgramState& state) {
+NumberFault numberFault(const ProgramState& state) {
+    const int n = state.squareSize;
+    const double largest =
+        std::max(std::fabs(state.startNumber), std::fabs(lastNumber(n, state.startNumber, state.distance)));
     // All other numbers lie between the first and the last.
-    const double last = lastNumber(state.squareSize, state.startNumber, state.distance);
-    return std::fabs(state.startNumber) < emptyMarker && std::fabs(last) < emptyMarker;
+    if (!(largest < emptyMarker))
+        return NumberFault::tooLarge;
+    return n <= maxBatchOrder && hasAlikeNumbers(state, largest) ? NumberFault::alike : NumberFault::none;
+}
+
+bool hasPlayableNumbers(const ProgramState& state) {
+    return numberFault(state) == NumberFault::none;
 }
 
 } // namespace quarvelle

@@ -68,8 +68,18 @@ std::string magicTotalCaption(const std::string& text);
 /// "Last number equals: " and the text of the last number, or the very-large caption from 8 characters on.
 std::string lastNumberCaption(int n, double s, double d);
 
-/// Whether every number of the state's square is below 1e200 in magnitude, so that none can be taken for a
-/// blank.
+/// Why a square can't be practised or printed.
+enum class NumberFault {
+    none,
+    tooLarge, ///< a number is 1e200 or more in magnitude, and could be taken for a blank
+    alike,    ///< two numbers have the same text
+};
+
+/// What is wrong with the numbers of the state's square. Above order 101 (`maxBatchOrder`), which is neither
+/// practised nor printed, `alike` is not looked for.
+NumberFault numberFault(const ProgramState& state);
+
+/// Whether nothing is.
 bool hasPlayableNumbers(const ProgramState& state);
 
 } // namespace quarvelle

@@ -66,12 +66,19 @@ void CellSelection::moveTo(Place place) {
     const QRect area = board.cellArea(place);
     state.selectedCellX = area.left();
     state.selectedCellY = area.top();
-    m_window.scrollTo(board, board.shown(area).toRect());
+    showPlace();
     board.markSelectedCell();
+}
+
+/// Scrolls to the selected cell.
+void CellSelection::showPlace() const {
+    const BoardPage& board = m_window.boardPage();
+    m_window.scrollTo(board, board.shown(board.cellArea(place())).toRect());
 }
 
 void CellSelection::openBox() {
     m_window.boardPage().openAnswerBox();
+    showPlace();
 }
 
 void CellSelection::leaveBox() {

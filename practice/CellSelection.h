@@ -38,12 +38,14 @@ public:
     void start();
     /// Selects a cell of the square, marks it and scrolls there.
     void moveTo(Place place);
-    /// Opens the empty answer box on the selected cell, which must be a blank.
+    /// Opens the empty answer box on the selected cell, which must be a blank, and scrolls there.
     void openBox();
     /// Closes the answer box, drops what was typed into it and gives the keyboard to the board.
     void leaveBox();
 
 private:
+    void showPlace() const;
+
     MainWindow& m_window;
 };
 

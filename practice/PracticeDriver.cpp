@@ -42,10 +42,13 @@ PracticeDriver::PracticeDriver(MainWindow& window, RandomSource& random, EventQu
 void PracticeDriver::Command4_Click() {
     openRun();
     // Reading the settings may have changed the distance, so that the board doesn't fit.
-    if (boardGeometry(m_window.state()).hasAllCells && hasPlayableNumbers(m_window.state()))
-        while (playSquare()) {
-        }
+    const bool isPossible =
+        boardGeometry(m_window.state()).hasAllCells && hasPlayableNumbers(m_window.state());
+    while (isPossible && playSquare()) {
+    }
     closeRun();
+    if (!isPossible)
+        m_window.tell("There is nothing to practise. " + m_window.mainPage().whyNoPractice());
 }
 
 void PracticeDriver::openRun() {

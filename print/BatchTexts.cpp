@@ -1,5 +1,6 @@
 #include "print/BatchTexts.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -22,8 +23,9 @@ QString textOf(double number) {
 std::string batchTitle(const ProgramState& state) {
     // In the order of the values of `puzzleMode`.
     constexpr std::array<const char*, 3> kinds{"squares", "puzzles", "puzzles and answers"};
-    return "Creating " + orderByOrder(state.squareSize) +
-           " Complete Magic Square(s): " + numberText(state.printCount - state.squaresSolved) + " out of " +
+    return "Creating " + orderByOrder(state.squareSize) + " Complete Magic Square(s): " +
+           // Of 2.5 squares, three are made.
+           numberText(std::max(state.printCount - state.squaresSolved, 0.0)) + " out of " +
            numberText(state.printCount) + ' ' + kinds[static_cast<std::size_t>(state.puzzleMode)] +
            " left to print.";
 }
@@ -54,6 +56,10 @@ QString batchEnding(std::int64_t done, std::int64_t sheets, const PrintOrder& or
 }
 
 QString outOfRange(const ProgramState& state) {
+    if (numberFault(state) == NumberFault::alike)
+        return QString("There is nothing to print: some numbers can't be told apart in 15 digits. "
+                       "A larger distance than %1 would do.")
+            .arg(textOf(state.distance));
     // The next double below 1e200 would be written as 1E+200.
     constexpr double limit = 9.99999999999999e199;
     const double start = state.startNumber;

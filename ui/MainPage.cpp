@@ -9,6 +9,22 @@
 
 namespace quarvelle {
 
+namespace {
+
+/// What is said where the numbers, and not the size, keep a square from being used.
+struct FaultTexts {
+    const char* caption;
+    const char* sentence;
+};
+
+FaultTexts textsOf(NumberFault fault) {
+    if (fault == NumberFault::tooLarge)
+        return {"(Numbers too Large)", "The numbers are too large."};
+    return {"(Numbers too Close)", "Some numbers can't be told apart in 15 digits."};
+}
+
+} // namespace
+
 MainPage::MainPage(ProgramState& state, QWidget* parent) : QWidget(parent), m_state(state) {
     m_controls.setupUi(this);
     m_controls.Label19->hide();
@@ -62,10 +78,12 @@ void MainPage::showReadouts() {
 }
 
 void MainPage::fitboard() {
-    const bool playable = hasPlayableNumbers(m_state);
+    const NumberFault fault = numberFault(m_state);
+    const bool playable = fault == NumberFault::none;
     const bool practicable = boardGeometry(m_state).hasAllCells && playable;
     measureBoard(m_state);
     m_controls.Command4->setEnabled(practicable);
+    m_controls.Label19->setText(playable ? "(Larger than Page)" : textsOf(fault).caption);
     m_controls.Label19->setVisible(!practicable);
     m_controls.Command1->setEnabled(playable && m_state.squareSize <= maxBatchOrder);
     for (QWidget* button : {m_controls.Command1, m_controls.Command4})
@@ -91,8 +109,9 @@ void MainPage::showcounts(int n) {
 QString MainPage::whyDisabled(const QWidget* button) const {
     if (button->isEnabledTo(this))
         return {};
-    if (!hasPlayableNumbers(m_state))
-        return "The numbers are too large.";
+    const NumberFault fault = numberFault(m_state);
+    if (fault != NumberFault::none)
+        return textsOf(fault).sentence;
     return button == m_controls.Command4 ? QString("The board is larger than the page.")
                                          : QString("Only up to %1 by %1.").arg(maxBatchOrder);
 }

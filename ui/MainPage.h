@@ -26,9 +26,11 @@ public:
     /// Stores `magicTotalText` and shows the Magic Total and the last number of the current settings.
     void showReadouts();
     /// Measures the board and enables the buttons that can be used: practice only if the board fits, batches
-    /// only up to order 101, both only for numbers that can't be taken for blanks. Shows "(Larger than Page)"
-    /// where practice is disabled.
+    /// only up to order 101, both only for numbers without a fault. Where practice is disabled, a caption
+    /// says why: "(Larger than Page)", or what is wrong with the numbers.
     void fitboard();
+    /// Why the practice button is disabled; empty if it isn't.
+    QString whyNoPractice() const { return whyDisabled(m_controls.Command4); }
     /// Gives the keyboard to the practice button, or to the size box while that button is disabled.
     void focusPractice();
 

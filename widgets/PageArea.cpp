@@ -1,6 +1,7 @@
 #include "widgets/PageArea.h"
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
@@ -110,6 +111,16 @@ void PageArea::scrollTo(const QWidget& widget, const QRect& area) {
 void PageArea::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
     layOut();
+}
+
+void PageArea::keyPressEvent(QKeyEvent* event) {
+    const bool isBack = event->key() == Qt::Key_PageUp;
+    if ((!isBack && event->key() != Qt::Key_PageDown) || event->modifiers() & ~Qt::ShiftModifier) {
+        QScrollArea::keyPressEvent(event);
+        return;
+    }
+    QScrollBar& bar = event->modifiers() & Qt::ShiftModifier ? *horizontalScrollBar() : *verticalScrollBar();
+    bar.triggerAction(isBack ? QScrollBar::SliderPageStepSub : QScrollBar::SliderPageStepAdd);
 }
 
 void PageArea::wheelEvent(QWheelEvent* event) {

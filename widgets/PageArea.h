@@ -9,7 +9,8 @@ namespace quarvelle {
 class Zoom;
 
 /// The client area. Shows one page at a time, in its middle, as large as the page's zoom says, and scrolls
-/// where that is larger than the area. Ctrl with the wheel zooms. What has the keyboard stays in view.
+/// where that is larger than the area: with the wheel, the bars, and with Page Up and Page Down, which go to
+/// the left and to the right with Shift. Ctrl with the wheel zooms. What has the keyboard stays in view.
 class PageArea : public QScrollArea {
     Q_OBJECT
 
@@ -35,6 +36,7 @@ public:
     void scrollTo(const QWidget& widget, const QRect& area);
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 

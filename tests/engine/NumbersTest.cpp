@@ -1,6 +1,7 @@
 #include "engine/Numbers.h"
 
 #include <cmath>
+#include <set>
 
 #include "engine/Construction.h"
 #include "engine/MagicArithmetic.h"
@@ -53,6 +54,21 @@ TEST(Numbers, AreWhatDecimalArithmeticSays) {
     // Where a double can't hold the decimals.
     EXPECT_EQ(lastNumber(5, 1e16, 0.7), 1e16 + 0.7 * 24);
     EXPECT_EQ(lastNumber(5, 0.1, 1e-16), 0.1 + 1e-16 * 24);
+}
+
+TEST(Numbers, AreRefusedWhereTwoHaveTheSameText) {
+    const auto state = stateOf(5, 1, 1);
+    for (const double start : {0.0, 1.0, -0.1, 0.3, 9.5, 999999999999990.0, 1e16, -1e199, 1e-310})
+        for (int exponent = -323; exponent < 20; ++exponent)
+            for (const double factor : {1.0, 4.5, 9.99}) {
+                state->startNumber = start;
+                state->distance = factor * std::pow(10, exponent);
+                std::set<std::string> texts;
+                for (int k = 1; k <= 25; ++k)
+                    texts.insert(numberText(SquareNumbers(start, state->distance).realValue(k)));
+                ASSERT_EQ(numberFault(*state), texts.size() < 25 ? NumberFault::alike : NumberFault::none)
+                    << start << " in steps of " << state->distance;
+            }
 }
 
 TEST(Numbers, AreStatedForEveryOrder) {

@@ -31,11 +31,17 @@ protected:
 
 TEST_F(PlayTest, IsRefusedWhereTidyingLeavesNoBoard) {
     events.onYield = [] { ADD_FAILURE() << "a run"; };
-    enter("29", "300", "-0.25"); // The distance becomes 1 and the last number 1140.
-    click(page().Command4);
-    enter("5", "1", "1");
-    page().text4->setText("1E+200");
-    click(page().Command4);
+    // Negative distances become 1.
+    const std::tuple<const char*, const char*, const char*, const char*, const char*> rows[] = {
+        {"29", "300", "-0.25", "(Larger than Page)", "The board is larger than the page."},
+        {"5", "1E+16", "-10000", "(Numbers too Close)", "Some numbers can't be told apart in 15 digits."}};
+    for (const auto& [size, start, distance, caption, why] : rows | untilFailure) {
+        enter(size, start, distance);
+        EXPECT_TRUE(page().Label19->isHidden()) << caption;
+        click(page().Command4);
+        EXPECT_EQ(page().Label19->text(), caption);
+        EXPECT_EQ(foot(), QString("There is nothing to practise. ") + why);
+    }
 }
 
 TEST_F(PlayTest, GoesFromBlankToBlankByKeyboard) {
